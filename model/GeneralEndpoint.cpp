@@ -1,0 +1,33 @@
+#include "GeneralEndpoint.h"
+
+namespace ovela {
+
+const std::set<Parameter> GeneralEndpoint::kValidParams = {AUXILIARY_SYSTEM_GAIN};
+
+GeneralEndpoint::GeneralEndpoint(Endpoint endpoint)
+    : ParameterValues(-1, true), mEndpoint(endpoint) {}
+
+GeneralEndpoint::GeneralEndpoint(long long id, Endpoint endpoint)
+    : ParameterValues(id, false), mEndpoint(endpoint) {}
+
+long long GeneralEndpoint::getId() {
+    return mId;
+}
+
+const std::set<Parameter>& GeneralEndpoint::getValidParams() {
+    return kValidParams;
+}
+
+Endpoint GeneralEndpoint::getEndpoint() {
+    return mEndpoint;
+}
+
+std::string GeneralEndpoint::toString() {
+    return describe(std::string("endpoint=") + kEndpointNames[mEndpoint] + "\n");
+}
+
+bool GeneralEndpoint::equals(GeneralEndpoint& other) {
+    return this == &other || (mEndpoint == other.mEndpoint && sameValues(other));
+}
+
+}  // namespace ovela

@@ -1,0 +1,18 @@
+#include "Endpoint.h"
+
+namespace ovela {
+
+const char* const kEndpointNames[kNumEndpoints] = {
+        "speaker", "headphone", "other", "bluetooth", "usb", "aux_digital", "remote_submix",
+};
+
+Endpoint endpointFromName(const std::string& name, Endpoint fallback) {
+    for (size_t i = 0; i < kNumEndpoints; ++i) {
+        if (name == kEndpointNames[i]) {
+            return static_cast<Endpoint>(i);
+        }
+    }
+    return fallback;
+}
+
+}  // namespace ovela

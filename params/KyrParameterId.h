@@ -1,0 +1,26 @@
+#ifndef OVELA_KYR_PARAMETER_ID_H
+#define OVELA_KYR_PARAMETER_ID_H
+
+#include <cstddef>
+#include <cstdint>
+
+namespace ovela {
+
+// Effect parameter code: four ASCII characters packed into one word, the first
+// character in the least significant byte; a three-character code leaves the
+// top byte zero.
+using KyrParameterId = int32_t;
+
+template <size_t N>
+constexpr KyrParameterId kyrCode(const char (&text)[N]) {
+    static_assert(N == 4 || N == 5, "an effect parameter code has three or four characters");
+    uint32_t code = 0;
+    for (size_t i = 0; i + 1 < N; ++i) {
+        code |= static_cast<uint32_t>(static_cast<uint8_t>(text[i])) << (8 * i);
+    }
+    return static_cast<KyrParameterId>(code);
+}
+
+}  // namespace ovela
+
+#endif  // OVELA_KYR_PARAMETER_ID_H

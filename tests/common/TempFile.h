@@ -1,0 +1,27 @@
+#ifndef OVELA_TESTS_TEMP_FILE_H
+#define OVELA_TESTS_TEMP_FILE_H
+
+#include <string>
+
+namespace ovela::testing {
+
+// A file with the given contents that is removed when the object goes away.
+class TempFile {
+  public:
+    explicit TempFile(const std::string& contents, const std::string& suffix = ".xml");
+    ~TempFile();
+    TempFile(const TempFile&) = delete;
+    TempFile& operator=(const TempFile&) = delete;
+
+    const std::string& path() const { return mPath; }
+
+  private:
+    std::string mPath;
+};
+
+// Path of a fixture under tests/data.
+std::string dataFile(const std::string& name);
+
+}  // namespace ovela::testing
+
+#endif  // OVELA_TESTS_TEMP_FILE_H
