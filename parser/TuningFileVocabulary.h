@@ -1,0 +1,427 @@
+#ifndef OVELA_TUNING_FILE_VOCABULARY_H
+#define OVELA_TUNING_FILE_VOCABULARY_H
+
+#include <cstddef>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "Parameter.h"
+#include "PresetType.h"
+
+// The element and attribute names of the tuning file, each written once. The
+// reader, the `check` command and the fuzz dictionary all read these tables.
+//
+// Where a table's comment names its place it uses element paths from the
+// root: "/" between levels, "*" for an element whose name the reader does not
+// check (the root itself, the wrappers of "general" and "preset", the
+// parameter container of a profile, the data element of a tuning).
+
+namespace ovela {
+
+template <typename Value>
+using NameEntry = std::pair<const char*, Value>;
+
+// A view of a name table, so that one table can list others.
+template <typename Value>
+struct NameTable {
+    template <size_t N>
+    constexpr NameTable(const NameEntry<Value> (&table)[N]) : entries(table), size(N) {}
+    constexpr const NameEntry<Value>* begin() const { return entries; }
+    constexpr const NameEntry<Value>* end() const { return entries + size; }
+
+    const NameEntry<Value>* entries;
+    size_t size;
+};
+
+// The value that `table` holds under exactly `name` (case-sensitive, whole
+// name), or null. Works on a table array and on a NameTable alike.
+template <typename Table>
+constexpr auto findByName(const Table& table, std::string_view name)
+    -> decltype(&std::begin(table)->second) {
+    for (const auto& entry : table) {
+        if (name == entry.first) {
+            return &entry.second;
+        }
+    }
+    return nullptr;
+}
+
+// ---- Words shared by several elements ----
+
+// Setting elements hold their number or truth word here, as their first attribute.
+inline constexpr char kValueAttribute[] = "value";
+inline constexpr char kTrueWord[] = "true";
+inline constexpr char kFalseWord[] = "false";
+inline constexpr NameEntry<int> kTruthWords[] = {{kTrueWord, 1}, {kFalseWord, 0}};
+
+// One endpoint's settings, inside "*/general/*" and "*/profile/*". Its first
+// attribute, if named "id", names the endpoint (kEndpointNames).
+inline constexpr char kEndpointTypeElement[] = "endpoint_type";
+inline constexpr char kEndpointIdAttribute[] = "id";
+
+// ---- Root ----
+
+enum class Section { FORMAT_VERSION, TOOL_VERSION, GENERAL, PRESET, PROFILE, TUNING };
+
+// Children of the root element ("*").
+inline constexpr NameEntry<Section> kSectionElements[] = {
+    {"format_version", Section::FORMAT_VERSION},
+    {"tool_version", Section::TOOL_VERSION},
+    {"general", Section::GENERAL},
+    {"preset", Section::PRESET},
+    {"profile", Section::PROFILE},
+    {"tuning", Section::TUNING},
+};
+
+// Index of each part in the version text "major.minor.maintenance".
+enum VersionPart { VERSION_MAJOR, VERSION_MINOR, VERSION_MAINTENANCE };
+
+// Attributes of "*/format_version" and "*/tool_version".
+inline constexpr NameEntry<VersionPart> kVersionAttributes[] = {
+    {"major", VERSION_MAJOR},
+    {"minor", VERSION_MINOR},
+    {"maintenance", VERSION_MAINTENANCE},
+};
+
+// ---- General ----
+
+// Children of "*/general/*" besides kEndpointTypeElement; each holds one value.
+inline constexpr NameEntry<Parameter> kGeneralElements[] = {
+    {"auxiliary-system-gain-enable", AUXILIARY_SYSTEM_GAIN_ENABLE},
+};
+
+// Children of "*/general/*/endpoint_type"; each holds one value.
+inline constexpr NameEntry<Parameter> kGeneralEndpointElements[] = {
+    {"auxiliary-system-gain", AUXILIARY_SYSTEM_GAIN},
+};
+
+// ---- Presets ----
+
+enum class PresetAttribute { TYPE, ID };
+
+// Attributes of "*/preset".
+inline constexpr NameEntry<PresetAttribute> kPresetAttributes[] = {
+    {"type", PresetAttribute::TYPE},
+    {"id", PresetAttribute::ID},
+};
+
+// Attributes of an IEQ band row, "*/preset/*/*/band_ieq". Values of one
+// attribute are gathered across rows, and stored in this order.
+inline constexpr NameEntry<Parameter> kIeqBandAttributes[] = {
+    {"frequency", IEQ_FREQUENCY},
+    {"target", IEQ_TARGET},
+};
+
+// Attributes of a GEQ band row, any element in "*/preset/*/*".
+inline constexpr NameEntry<Parameter> kGeqBandAttributes[] = {
+    {"frequency", GEQ_FREQUENCY},
+    {"gain", GEQ_GAIN},
+};
+
+enum class PresetKind { IEQ, GEQ };
+
+struct PresetLayout {
+    PresetKind kind;
+    // The name every band row must have; the first element with another name
+    // ends the rows. Null: every element is a row.
+    const char* rowElement;
+    NameTable<Parameter> rowAttributes;
+};
+
+// Values of the "type" attribute of "*/preset"; any other type creates nothing.
+inline constexpr NameEntry<PresetLayout> kPresetTypes[] = {
+    {"ieq", {PresetKind::IEQ, "band_ieq", kIeqBandAttributes}},
+    {"geq", {PresetKind::GEQ, nullptr, kGeqBandAttributes}},
+};
+
+// Words searched for, in this order, anywhere in the "id" of an IEQ preset;
+// the first one found decides, and an id with none of them is balanced.
+inline constexpr NameEntry<PresetType> kIeqPresetIdWords[] = {
+    {"detailed", PRESET_TYPE_DETAILED},
+    {"balanced", PRESET_TYPE_BALANCED},
+    {"warm", PRESET_TYPE_WARM},
+    {"off", PRESET_TYPE_OFF},
+};
+inline constexpr PresetType kIeqPresetIdDefault = PRESET_TYPE_BALANCED;
+
+// ---- Profiles ----
+
+enum class ProfileAttribute { ID, NAME };
+
+// Attributes of "*/profile".
+inline constexpr NameEntry<ProfileAttribute> kProfileAttributes[] = {
+    {"id", ProfileAttribute::ID},
+    {"name", ProfileAttribute::NAME},
+};
+
+// The preset reference, the 4th child node of "*/profile"; only its first
+// attribute is read, and only under this name.
+inline constexpr char kIncludeElement[] = "include";
+inline constexpr char kIncludePresetAttribute[] = "preset";
+
+// Words searched for, in this order, anywhere in the "preset" of an include;
+// the first one found decides. "off" beats every other word, and "balanced" is
+// tested before "detailed". A name with none of them is logged and read as off.
+inline constexpr NameEntry<PresetType> kIncludePresetWords[] = {
+    {"off", PRESET_TYPE_OFF},
+    {"balanced", PRESET_TYPE_BALANCED},
+    {"warm", PRESET_TYPE_WARM},
+    {"detailed", PRESET_TYPE_DETAILED},
+};
+
+// How a parameter element of a profile or a profile endpoint gives its values.
+enum class ValueShape {
+    SINGLE,        // one number or truth word, in the first attribute "value"
+    ROW,           // comma-separated numbers in the first attribute, as read
+    NONEMPTY_ROW,  // as ROW, but a row without numbers is stored as the one value 0
+};
+
+struct ElementValue {
+    Parameter parameter;
+    ValueShape shape;
+};
+
+// Children of "*/profile/*" besides kEndpointTypeElement.
+inline constexpr NameEntry<ElementValue> kProfileElements[] = {
+    {"drc-metadata", {CUSTOM_DRC_METADATA, ValueShape::NONEMPTY_ROW}},
+    {"volume-modeler-enable", {VOLUME_MODELER_ENABLE, ValueShape::SINGLE}},
+    {"mi-ieq-steering-enable", {MI_IEQ_STEERING_ENABLE, ValueShape::SINGLE}},
+    {"reverb-suppression-enable", {REVERB_SUPPRESSION_ENABLE, ValueShape::SINGLE}},
+    {"reverb-suppression-amount", {REVERB_SUPPRESSION_AMOUNT, ValueShape::SINGLE}},
+    {"mi-qv-leveler-steering-enable", {MI_QV_LEVELER_STEERING_ENABLE, ValueShape::SINGLE}},
+    {"mi-dialog-enhancer-steering-enable", {MI_DIALOG_ENHANCER_STEERING_ENABLE, ValueShape::SINGLE}},
+    {"mi-surround-compressor-steering-enable",
+     {MI_SURROUND_COMPRESSOR_STEERING_ENABLE, ValueShape::SINGLE}},
+    {"mi-adaptive-virtualizer-steering-enable",
+     {MI_ADAPTIVE_VIRTUALIZER_STEERING_ENABLE, ValueShape::SINGLE}},
+    {"ieq-enable", {IEQ_ENABLE, ValueShape::SINGLE}},
+    {"ieq-amount", {IEQ_AMOUNT, ValueShape::SINGLE}},
+};
+
+// Children of "*/profile/*/endpoint_type". The file calls virtual_bass_enable
+// "virtual-bass-process-enable"; the file's spelling is the one read.
+inline constexpr NameEntry<ElementValue> kProfileEndpointElements[] = {
+    {"peak-value", {PEAK_VALUE, ValueShape::SINGLE}},
+    {"system-gain", {SYSTEM_GAIN, ValueShape::SINGLE}},
+    {"volmax-boost", {VOLMAX_BOOST, ValueShape::SINGLE}},
+    {"surround-boost", {SURROUND_BOOST, ValueShape::SINGLE}},
+    {"calibration-boost", {CALIBRATION_BOOST, ValueShape::SINGLE}},
+    {"virtualizer-enable", {VIRTUALIZER_ENABLE, ValueShape::SINGLE}},
+    {"bass-enhancer-enable", {BASS_ENHANCER_ENABLE, ValueShape::SINGLE}},
+    {"bass-mbdrc-enable", {BASS_MBDRC_ENABLE, ValueShape::SINGLE}},
+    {"volume-leveler-enable", {VOLUME_LEVELER_ENABLE, ValueShape::SINGLE}},
+    {"volume-leveler-amount", {VOLUME_LEVELER_AMOUNT, ValueShape::SINGLE}},
+    {"volume-leveler-in-target", {VOLUME_LEVELER_IN_TARGET, ValueShape::SINGLE}},
+    {"volume-leveler-out-target", {VOLUME_LEVELER_OUT_TARGET, ValueShape::SINGLE}},
+    {"dialog-enhancer-enable", {DIALOG_ENHANCER_ENABLE, ValueShape::SINGLE}},
+    {"dialog-enhancer-amount", {DIALOG_ENHANCER_AMOUNT, ValueShape::SINGLE}},
+    {"dialog-enhancer-ducking", {DIALOG_ENHANCER_DUCKING, ValueShape::SINGLE}},
+    {"surround-decoder-enable", {SURROUND_DECODER_ENABLE, ValueShape::SINGLE}},
+    {"surround-decoder-diffuse-relocating-to-front-amount",
+     {SURROUND_DECODER_DIFFUSE_RELOCATING_TO_FRONT_AMOUNT, ValueShape::SINGLE}},
+    {"graphic-equalizer-enable", {GRAPHIC_EQUALIZER_ENABLE, ValueShape::SINGLE}},
+    {"headphone-virtualizer-mode", {HEADPHONE_VIRTUALIZER_MODE, ValueShape::SINGLE}},
+    {"headphone-virtualizer-steerer-source-distance",
+     {HEADPHONE_VIRTUALIZER_STEERER_SOURCE_DISTANCE, ValueShape::SINGLE}},
+    {"headtracking-enable", {HEADTRACKING_ENABLE, ValueShape::SINGLE}},
+    {"speaker-virtualizer-mode", {SPEAKER_VIRTUALIZER_MODE, ValueShape::SINGLE}},
+    {"virtual-bass-process-enable", {VIRTUAL_BASS_ENABLE, ValueShape::SINGLE}},
+    {"mi-virtualizer-binaural-steering-enable",
+     {MI_VIRTUALIZER_BINAURAL_STEERING_ENABLE, ValueShape::SINGLE}},
+    {"advanced-headphone-virtualizer-lr-angle",
+     {ADVANCED_HEADPHONE_VIRTUALIZER_LR_ANGLE, ValueShape::SINGLE}},
+    {"advanced-speaker-virtualizer-start-bin",
+     {ADVANCED_SPEAKER_VIRTUALIZER_START_BIN, ValueShape::SINGLE}},
+    {"advanced-speaker-virtualizer-rendering-config",
+     {ADVANCED_SPEAKER_VIRTUALIZER_RENDERING_CONFIG, ValueShape::ROW}},
+    {"advanced-headphone-virtualizer-rendering-config",
+     {ADVANCED_HEADPHONE_VIRTUALIZER_RENDERING_CONFIG, ValueShape::ROW}},
+    {"advanced-headphone-virtualizer-rendering-config-for-living-room",
+     {ADVANCED_HEADPHONE_VIRTUALIZER_RENDERING_CONFIG_FOR_LIVING_ROOM, ValueShape::ROW}},
+    {"advanced-headphone-virtualizer-rendering-config-for-concert-hall",
+     {ADVANCED_HEADPHONE_VIRTUALIZER_RENDERING_CONFIG_FOR_CONCERT_HALL, ValueShape::ROW}},
+};
+
+// ---- Tunings ----
+
+enum class TuningAttribute { NAME, ENDPOINT_TYPE, MONO_DEVICE };
+
+// Attributes of "*/tuning" that describe the tuning. "endpoint_type" holds an
+// endpoint name (kEndpointNames); "mono_device" is mono only when exactly "true".
+inline constexpr NameEntry<TuningAttribute> kTuningAttributes[] = {
+    {"name", TuningAttribute::NAME},
+    {"endpoint_type", TuningAttribute::ENDPOINT_TYPE},
+    {"mono_device", TuningAttribute::MONO_DEVICE},
+};
+
+// Attributes of "*/tuning" that carry values: every occurrence appends one
+// number, and the list is stored even when the file gave none.
+inline constexpr NameEntry<Parameter> kTuningListAttributes[] = {
+    {"orientation", ORIENTATION},
+    {"output_channels", OUTPUT_CHANNELS},
+};
+
+// Children of "*/tuning" that bind a device to the tuning; they come before
+// the data element, the first child element with any other name.
+inline constexpr char kDeviceIdElement[] = "device_id";
+
+enum class DeviceIdAttribute { ID, ENDPOINT_PORT };
+
+// Attributes of "*/tuning/device_id".
+inline constexpr NameEntry<DeviceIdAttribute> kDeviceIdAttributes[] = {
+    {"id", DeviceIdAttribute::ID},
+    {"endpoint_port", DeviceIdAttribute::ENDPOINT_PORT},
+};
+
+// Children of "*/tuning/*" that hold one value.
+inline constexpr NameEntry<Parameter> kTuningValueElements[] = {
+    {"height-filter-mode", HEIGHT_FILTER_MODE},
+    {"bass-enhancer-boost", BASS_ENHANCER_BOOST},
+    {"bass-enhancer-width", BASS_ENHANCER_WIDTH},
+    {"bass-enhancer-cutoff-frequency", BASS_ENHANCER_CUTOFF_FREQUENCY},
+    {"bass-extraction-enable", BASS_EXTRACTION_ENABLE},
+    {"bass-extraction-cutoff-frequency", BASS_EXTRACTION_CUTOFF_FREQUENCY},
+    {"regulator-enable", REGULATOR_ENABLE},
+    {"regulator-overdrive", REGULATOR_OVERDRIVE},
+    {"regulator-distortion-slope", REGULATOR_DISTORTION_SLOPE},
+    {"regulator-timbre-preservation", REGULATOR_TIMBRE_PRESERVATION},
+    {"regulator-speaker-dist-enable", REGULATOR_SPEAKER_DIST_ENABLE},
+    {"regulator-sibilance-suppress-enable", REGULATOR_SIBILANCE_SUPPRESS_ENABLE},
+    {"virtual-bass-mode", VIRTUAL_BASS_MODE},
+    {"virtual-bass-slope-gain", VIRTUAL_BASS_SLOPE_GAIN},
+    {"virtual-bass-overall-gain", VIRTUAL_BASS_OVERALL_GAIN},
+    {"virtualizer-front-speaker-angle", VIRTUALIZER_FRONT_SPEAKER_ANGLE},
+    {"virtualizer-height-speaker-angle", VIRTUALIZER_HEIGHT_SPEAKER_ANGLE},
+    {"virtualizer-surround-speaker-angle", VIRTUALIZER_SURROUND_SPEAKER_ANGLE},
+    {"volume-leveler-compressor-enable", VOLUME_LEVELER_COMPRESSOR_ENABLE},
+    {"volume-modeler-calibration", VOLUME_MODELER_CALIBRATION},
+    {"audio-optimizer-enable", AUDIO_OPTIMIZER_ENABLE},
+    {"complex-equalizer-enable", COMPLEX_EQUALIZER_ENABLE},
+};
+
+// When a row element of a tuning is stored.
+enum class RowStorage {
+    AT_ONCE,  // when the element is met
+    KEPT,     // when the data element ends; a later element of the name replaces it
+};
+
+struct TuningRow {
+    Parameter parameter;
+    RowStorage storage;
+};
+
+// Children of "*/tuning/*" that hold a comma-separated row in their first attribute.
+inline constexpr NameEntry<TuningRow> kTuningRowElements[] = {
+    {"regulator-stress-amount", {REGULATOR_STRESS_AMOUNT, RowStorage::AT_ONCE}},
+    {"bass-mbdrc-tuning", {BASS_MBDRC_TUNING, RowStorage::AT_ONCE}},
+    {"complex-equalizer-tuning-left", {COMPLEX_EQUALIZER_TUNING_LEFT, RowStorage::KEPT}},
+    {"complex-equalizer-tuning-right", {COMPLEX_EQUALIZER_TUNING_RIGHT, RowStorage::KEPT}},
+    {"complex-equalizer-tuning-left-surround",
+     {COMPLEX_EQUALIZER_TUNING_LEFT_SURROUND, RowStorage::KEPT}},
+    {"complex-equalizer-tuning-right-surround",
+     {COMPLEX_EQUALIZER_TUNING_RIGHT_SURROUND, RowStorage::KEPT}},
+    {"regulator-sibilance-suppress-amounts-left",
+     {REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_LEFT, RowStorage::KEPT}},
+    {"regulator-sibilance-suppress-amounts-right",
+     {REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_RIGHT, RowStorage::KEPT}},
+    {"regulator-sibilance-suppress-amounts-left-surround",
+     {REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_LEFT_SURROUND, RowStorage::KEPT}},
+    {"regulator-sibilance-suppress-amounts-right-surround",
+     {REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_RIGHT_SURROUND, RowStorage::KEPT}},
+};
+
+// Attributes of "*/tuning/*/virtual-bass-mix-freqs", one value each.
+inline constexpr NameEntry<Parameter> kVirtualBassMixFreqAttributes[] = {
+    {"frequency_high", VIRTUAL_BASS_MIX_FREQ_HIGH},
+    {"frequency_low", VIRTUAL_BASS_MIX_FREQ_LOW},
+};
+
+// Attributes of "*/tuning/*/virtual-bass-src-freqs", one value each.
+inline constexpr NameEntry<Parameter> kVirtualBassSrcFreqAttributes[] = {
+    {"frequency_high", VIRTUAL_BASS_SRC_FREQ_HIGH},
+    {"frequency_low", VIRTUAL_BASS_SRC_FREQ_LOW},
+};
+
+// Children of "*/tuning/*" whose attributes each hold one value of their own.
+inline constexpr NameEntry<NameTable<Parameter>> kTuningAttributeElements[] = {
+    {"virtual-bass-mix-freqs", kVirtualBassMixFreqAttributes},
+    {"virtual-bass-src-freqs", kVirtualBassSrcFreqAttributes},
+};
+
+// Children of "*/tuning/*" whose attributes, whatever their names, are the
+// values of one list in document order.
+inline constexpr NameEntry<Parameter> kTuningAttributeListElements[] = {
+    {"virtual-bass-subgains", VIRTUAL_BASS_SUBGAINS},
+};
+
+// How a band row attribute reads. The file's numbers all read as string2int
+// does; only the isolated-band flag is a truth word.
+enum class BandValue {
+    NUMBER,
+    TRUE_WORD,  // 1 when exactly "true", else 0
+};
+
+struct BandColumn {
+    Parameter parameter;
+    BandValue value;
+};
+
+// Attributes of the rows of "*/tuning/*/audio-optimizer-bands".
+inline constexpr NameEntry<BandColumn> kAudioOptimizerBandAttributes[] = {
+    {"frequency", {AUDIO_OPTIMIZER_FREQUENCY, BandValue::NUMBER}},
+    {"gain_left", {AUDIO_OPTIMIZER_GAIN_L, BandValue::NUMBER}},
+    {"gain_right", {AUDIO_OPTIMIZER_GAIN_R, BandValue::NUMBER}},
+    {"gain_left_surround", {AUDIO_OPTIMIZER_GAIN_LS, BandValue::NUMBER}},
+    {"gain_right_surround", {AUDIO_OPTIMIZER_GAIN_RS, BandValue::NUMBER}},
+};
+
+// Attributes of the rows of "*/tuning/*/regulator-tuning".
+inline constexpr NameEntry<BandColumn> kRegulatorBandAttributes[] = {
+    {"frequency", {REGULATOR_FREQUENCY, BandValue::NUMBER}},
+    {"threshold_low", {REGULATOR_THRESHOLD_LOW, BandValue::NUMBER}},
+    {"threshold_high", {REGULATOR_THRESHOLD_HIGH, BandValue::NUMBER}},
+    {"isolated_band", {REGULATOR_ISOLATED_BAND, BandValue::TRUE_WORD}},
+};
+
+// Children of "*/tuning/*" whose child elements are band rows. Each column
+// gathers the rows of every element of the name and is stored when the data
+// element ends, empty if no row gave it.
+inline constexpr NameEntry<NameTable<BandColumn>> kTuningBandElements[] = {
+    {"audio-optimizer-bands", kAudioOptimizerBandAttributes},
+    {"regulator-tuning", kRegulatorBandAttributes},
+};
+
+// Child of "*/tuning/*" that holds the output mix matrices.
+inline constexpr char kOutputModeElement[] = "output-mode";
+
+// Children of "*/tuning/*/output-mode": each a matrix whose child elements are
+// rows in their first attribute, flattened into one list.
+inline constexpr NameEntry<Parameter> kOutputModeMatrices[] = {
+    {"mix_matrix", OUTPUT_MIX_MATRIX},
+    {"advanced_mix_matrix", ADVANCED_OUTPUT_MIX_MATRIX},
+};
+
+// ---- The whole vocabulary as one list ----
+
+enum class NameRole {
+    ELEMENT,    // a child element of `where`
+    ATTRIBUTE,  // an attribute of `where`
+    WORD,       // a value that the reader recognizes; `where` is "<element path>@<attribute>"
+};
+
+struct VocabularyName {
+    std::string where;
+    NameRole role;
+    std::string name;
+};
+
+// Every name above with its place in the file, parents before their children,
+// for tools that check tuning files or make inputs for the reader.
+std::vector<VocabularyName> tuningFileVocabulary();
+
+}  // namespace ovela
+
+#endif  // OVELA_TUNING_FILE_VOCABULARY_H
