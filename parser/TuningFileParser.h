@@ -58,6 +58,11 @@ class TuningFileParser {
     static PresetType getIeqPresetTypeByName(std::string name);
 
   private:
+    // Parses the held root element's children. A load that fails part way
+    // takes back everything it added, so the reader holds what it held
+    // before; false then.
+    bool parseDocument();
+
     std::string mTuningFilePath;
     bool mParsed = false;
     int mNumOfProfiles = 0;
@@ -75,6 +80,11 @@ class TuningFileParser {
     std::set<GeneralEndpoint*> mGeneralEndpoints;
     xmlDoc* mDocument = nullptr;
     xmlNode* mRootElement = nullptr;
+    // General sections replaced by a later one: no longer handed on, but
+    // still owned until the reader goes.
+    std::vector<General*> mReplacedGenerals;
+    // Set by a section reader that finds the file unloadable.
+    bool mLoadFailed = false;
 };
 
 }  // namespace ovela
