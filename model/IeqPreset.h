@@ -4,8 +4,8 @@
 #include <set>
 #include <string>
 
-#include "PresetType.h"
 #include "ParameterValues.h"
+#include "PresetType.h"
 
 namespace ovela {
 

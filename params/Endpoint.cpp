@@ -3,7 +3,7 @@
 namespace ovela {
 
 const char* const kEndpointNames[kNumEndpoints] = {
-        "speaker", "headphone", "other", "bluetooth", "usb", "aux_digital", "remote_submix",
+    "speaker", "headphone", "other", "bluetooth", "usb", "aux_digital", "remote_submix",
 };
 
 Endpoint endpointFromName(const std::string& name, Endpoint fallback) {

@@ -107,7 +107,8 @@ enum Parameter {
     VOLUME_LEVELER_IN_TARGET = 94,
     VOLUME_LEVELER_OUT_TARGET = 95,
     VOLUME_MODELER_CALIBRATION = 96,
-    VOLUME_MODELER_ENABLE = 97,};
+    VOLUME_MODELER_ENABLE = 97,
+};
 
 constexpr size_t kNumParameters = 98;
 

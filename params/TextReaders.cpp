@@ -47,8 +47,7 @@ std::vector<int> string_2_int_vector(std::string text) {
     std::vector<int> result;
     result.reserve(kUsualListSize);
     size_t start = 0;
-    for (size_t comma = text.find(','); comma != std::string::npos;
-         comma = text.find(',', start)) {
+    for (size_t comma = text.find(','); comma != std::string::npos; comma = text.find(',', start)) {
         result.push_back(string2int(text.substr(start, comma - start)));
         start = comma + 1;
     }

@@ -35,17 +35,17 @@ TEST(ParameterCatalogueTest, NamesFollowByteOrderExceptTheQvLevelerAt47) {
 
 TEST(ParameterCatalogueTest, ValidSetsHaveTheirSizesAndAreDisjoint) {
     const std::map<std::string, const std::set<Parameter>*> sets = {
-            {"General", &General::kValidParams},
-            {"GeneralEndpoint", &GeneralEndpoint::kValidParams},
-            {"Profile", &Profile::kValidParams},
-            {"ProfileEndpoint", &ProfileEndpoint::kValidParams},
-            {"Tuning", &Tuning::kValidParams},
-            {"IeqPreset", &IeqPreset::kValidParams},
-            {"GeqPreset", &GeqPreset::kValidParams},
+        {"General", &General::kValidParams},
+        {"GeneralEndpoint", &GeneralEndpoint::kValidParams},
+        {"Profile", &Profile::kValidParams},
+        {"ProfileEndpoint", &ProfileEndpoint::kValidParams},
+        {"Tuning", &Tuning::kValidParams},
+        {"IeqPreset", &IeqPreset::kValidParams},
+        {"GeqPreset", &GeqPreset::kValidParams},
     };
     const std::map<std::string, size_t> sizes = {
-            {"General", 1},   {"GeneralEndpoint", 1}, {"Profile", 8},  {"ProfileEndpoint", 17},
-            {"Tuning", 48},   {"IeqPreset", 3},       {"GeqPreset", 2},
+        {"General", 1}, {"GeneralEndpoint", 1}, {"Profile", 8},   {"ProfileEndpoint", 17},
+        {"Tuning", 48}, {"IeqPreset", 3},       {"GeqPreset", 2},
     };
     std::map<Parameter, std::string> owner;
     for (const auto& [name, params] : sets) {

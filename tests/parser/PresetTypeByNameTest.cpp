@@ -15,8 +15,7 @@ TEST(PresetTypeByNameTest, SubstringsDecideInFixedOrder) {
     EXPECT_EQ(TuningFileParser::getIeqPresetTypeByName("warm"), PRESET_TYPE_WARM);
     EXPECT_EQ(TuningFileParser::getIeqPresetTypeByName("coffee"), PRESET_TYPE_OFF);
     EXPECT_EQ(TuningFileParser::getIeqPresetTypeByName("balanced_off"), PRESET_TYPE_OFF);
-    EXPECT_EQ(TuningFileParser::getIeqPresetTypeByName("detailed_balanced"),
-              PRESET_TYPE_BALANCED);
+    EXPECT_EQ(TuningFileParser::getIeqPresetTypeByName("detailed_balanced"), PRESET_TYPE_BALANCED);
     EXPECT_TRUE(log.lines().empty());
 }
 
