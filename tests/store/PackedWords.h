@@ -2,9 +2,11 @@
 #define OVELA_TESTS_PACKED_WORDS_H
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "KyrParameterId.h"
+#include "ProfileParamArray.h"
 
 namespace ovela::testing {
 
@@ -28,6 +30,19 @@ inline std::vector<int32_t> packed(int32_t header, const std::vector<Entry>& ent
         words.push_back(static_cast<int32_t>(entry.values.size()));
         words.insert(words.end(), entry.values.begin(), entry.values.end());
     }
+    return words;
+}
+
+// The arrays as the store hands them out, word by word; empty when unknown.
+inline std::vector<int32_t> profileWords(ProfileParamArray& store, OvlProfileId profile) {
+    std::vector<int32_t> words(store.getProfileParamsSize(profile) / sizeof(int32_t));
+    store.getProfileParams(profile, words.data());
+    return words;
+}
+
+inline std::vector<int32_t> tuningWords(ProfileParamArray& store, const std::string& tuning) {
+    std::vector<int32_t> words(store.getTuningParamsSize(tuning) / sizeof(int32_t));
+    store.getTuningParams(tuning, words.data());
     return words;
 }
 

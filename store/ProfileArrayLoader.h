@@ -1,0 +1,25 @@
+#ifndef OVELA_PROFILE_ARRAY_LOADER_H
+#define OVELA_PROFILE_ARRAY_LOADER_H
+
+#include <cstddef>
+#include <string>
+
+namespace ovela {
+
+class ParamTables;
+struct SpeakerData;
+
+// Room of one profile array, and of the general array, in words, header
+// included.
+constexpr size_t kProfileCapacity = 1200;
+
+// Reads the tuning file at `path` and adds to `tables` the arrays of profiles
+// 0 to 9, the general array (-1) and one array per named tuning; `speaker`
+// takes what the file says about the internal speaker. Returns false when the
+// file cannot be read or an array outgrows its room; the caller then discards
+// `tables` and `speaker`, which may hold part of the load.
+bool loadProfileArrays(const std::string& path, ParamTables& tables, SpeakerData& speaker);
+
+}  // namespace ovela
+
+#endif  // OVELA_PROFILE_ARRAY_LOADER_H

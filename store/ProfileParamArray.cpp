@@ -1,0 +1,160 @@
+#define LOG_TAG "OvlProfileParamArray"
+
+#include "ProfileParamArray.h"
+
+#include <log/log.h>
+
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
+#include "ParamCodes.h"
+#include "ParameterValues.h"
+#include "ProfileArrayLoader.h"
+
+ANDROID_SINGLETON_STATIC_INSTANCE(ovela::ProfileParamArray)
+
+namespace ovela {
+
+namespace {
+
+constexpr char kDefaultTuningFile[] = OVELA_DEFAULT_TUNING_FILE;
+constexpr int kEntryHeaderWords = 3;
+// What the list of an endpoint without tunings reads; the byte after it is
+// reserved but left unwritten.
+constexpr char kNoTunings[] = "default";
+constexpr uint32_t kNoTuningsLength = sizeof(kNoTunings);
+
+std::vector<std::string> tuningsOf(const ParamTables& tables, Endpoint endpoint) {
+    std::vector<std::string> names;
+    for (size_t i = 0; i < tables.getTuningCount(); ++i) {
+        const std::string& name = tables.getTuningNameAt(i);
+        if (tables.getTuningEndpoint(name) == endpoint) {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+void copyArray(const int32_t* array, uint32_t size, void* out) {
+    if (size != 0) {
+        memcpy(out, array, size);
+    }
+}
+
+}  // namespace
+
+ProfileParamArray::ProfileParamArray() : ProfileParamArray(kDefaultTuningFile) {}
+
+ProfileParamArray::ProfileParamArray(std::string path) {
+    loadXMLFile(path);
+}
+
+ProfileParamArray::~ProfileParamArray() = default;
+
+void ProfileParamArray::loadXMLFile(std::string path) {
+    ALOGD("%s", __func__);
+    android::Mutex::Autolock lock(mLock);
+    // Everything is built aside and taken over only when the whole file
+    // loaded, so that a failed load leaves the store as it was.
+    ParamTables tables;
+    SpeakerData speaker = mSpeaker;
+    if (!loadProfileArrays(path, tables, speaker)) {
+        return;
+    }
+    mTables.takeFrom(tables);
+    mSpeaker = speaker;
+}
+
+int ProfileParamArray::composeParams(int* out, int room, int device, ParameterValues* values,
+                                     int& count) {
+    int needed = 0;
+    for (const auto& [param, list] : values->values) {
+        if (kParameterCodes[param] != 0 && !list.empty()) {
+            needed += kEntryHeaderWords + static_cast<int>(list.size());
+        }
+    }
+    if (needed > room) {
+        return -1;
+    }
+    int written = 0;
+    for (const auto& [param, list] : values->values) {
+        if (kParameterCodes[param] == 0 || list.empty()) {
+            continue;
+        }
+        out[written] = device;
+        out[written + 1] = kParameterCodes[param];
+        out[written + 2] = static_cast<int>(list.size());
+        std::copy(list.begin(), list.end(), out + written + kEntryHeaderWords);
+        written += kEntryHeaderWords + static_cast<int>(list.size());
+        count++;
+    }
+    return written;
+}
+
+int ProfileParamArray::getProfileParams(OvlProfileId profile, void* out) {
+    ALOGD("%s(profile = %d)", __func__, profile);
+    android::Mutex::Autolock lock(mLock);
+    if (out == nullptr) {
+        return -22;
+    }
+    copyArray(mTables.getProfileArray(profile), mTables.getProfileSize(profile), out);
+    return 0;
+}
+
+uint32_t ProfileParamArray::getProfileParamsSize(OvlProfileId profile) {
+    android::Mutex::Autolock lock(mLock);
+    return mTables.getProfileSize(profile);
+}
+
+int ProfileParamArray::getTuningParams(std::string tuning, void* out) {
+    ALOGD("%s(tuning = %s)", __func__, tuning.c_str());
+    android::Mutex::Autolock lock(mLock);
+    if (out == nullptr) {
+        return -22;
+    }
+    copyArray(mTables.getTuningArray(tuning), mTables.getTuningSize(tuning), out);
+    return 0;
+}
+
+uint32_t ProfileParamArray::getTuningParamsSize(std::string tuning) {
+    android::Mutex::Autolock lock(mLock);
+    return mTables.getTuningSize(tuning);
+}
+
+uint32_t ProfileParamArray::getAvailableTuningDevicesLen(Endpoint endpoint) {
+    android::Mutex::Autolock lock(mLock);
+    std::vector<std::string> names = tuningsOf(mTables, endpoint);
+    if (names.empty()) {
+        return kNoTuningsLength;
+    }
+    uint32_t length = 0;
+    for (const std::string& name : names) {
+        ALOGD("%s, tuning = %s, length = %zu", __func__, name.c_str(), name.size());
+        length += static_cast<uint32_t>(name.size()) + 1;
+    }
+    return length;
+}
+
+int ProfileParamArray::getAvailableTuningDevices(Endpoint endpoint, void* buf, int len) {
+    android::Mutex::Autolock lock(mLock);
+    if (buf == nullptr) {
+        return -22;
+    }
+    std::vector<std::string> names = tuningsOf(mTables, endpoint);
+    std::string list;
+    if (names.empty()) {
+        list = kNoTunings;
+    } else {
+        for (const std::string& name : names) {
+            list += name;
+            list += ' ';
+        }
+        list.back() = '\0';
+    }
+    size_t room = len > 0 ? static_cast<size_t>(len) : 0;
+    memcpy(buf, list.data(), std::min(list.size(), room));
+    return 0;
+}
+
+}  // namespace ovela

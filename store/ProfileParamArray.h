@@ -1,0 +1,65 @@
+#ifndef OVELA_PROFILE_PARAM_ARRAY_H
+#define OVELA_PROFILE_PARAM_ARRAY_H
+
+#include <utils/Mutex.h>
+#include <utils/Singleton.h>
+
+#include <cstdint>
+#include <string>
+
+#include "Endpoint.h"
+#include "OvlProfileId.h"
+#include "ParamTables.h"
+#include "SpeakerData.h"
+
+namespace ovela {
+
+class ParameterValues;
+
+// The process-wide parameter store: the packed arrays of every profile, of
+// the general settings (profile id -1) and of every named tuning, composed
+// from the tuning file. The effect and the cache reach it through
+// getInstance(), which loads the default tuning file on first use. Callers
+// always receive copies: ask for a size, allocate, then ask for the contents.
+class ProfileParamArray : public android::Singleton<ProfileParamArray> {
+  public:
+    // Loads the default tuning file.
+    ProfileParamArray();
+    // Loads `path` instead, for tools and tests that need a store of their own.
+    explicit ProfileParamArray(std::string path);
+    virtual ~ProfileParamArray();
+
+    // Adds the arrays of the tuning file at `path` to the store, replacing
+    // those with the same profile id or tuning name. A file that cannot be
+    // read, or whose arrays outgrow their room, changes nothing.
+    void loadXMLFile(std::string path);
+
+    // Appends to `out` one entry (device, code, count, values) for every
+    // parameter of `values` that has an effect code and holds values, and
+    // adds the number of entries to `count`. Returns the number of words
+    // written, or -1 without writing anything when they would exceed `room`.
+    static int composeParams(int* out, int room, int device, ParameterValues* values, int& count);
+
+    // Copy the array into `out` (size from the size queries); -22 for a null
+    // `out`. An unknown profile or tuning copies nothing and returns 0.
+    int getProfileParams(OvlProfileId profile, void* out);
+    uint32_t getProfileParamsSize(OvlProfileId profile);
+    int getTuningParams(std::string tuning, void* out);
+    uint32_t getTuningParamsSize(std::string tuning);
+
+    // Bytes that getAvailableTuningDevices() writes for `endpoint`.
+    uint32_t getAvailableTuningDevicesLen(Endpoint endpoint);
+    // Writes the names of the endpoint's tunings, blank-separated and
+    // NUL-terminated, or the seven characters "default" without a NUL when it
+    // has none; never more than `len` bytes. -22 for a null `buf`.
+    int getAvailableTuningDevices(Endpoint endpoint, void* buf, int len);
+
+  private:
+    ParamTables mTables;
+    android::Mutex mLock;
+    SpeakerData mSpeaker;
+};
+
+}  // namespace ovela
+
+#endif  // OVELA_PROFILE_PARAM_ARRAY_H

@@ -1,0 +1,41 @@
+#ifndef OVELA_TUNING_CONVERSION_H
+#define OVELA_TUNING_CONVERSION_H
+
+#include <cstddef>
+
+namespace ovela {
+
+class ParamTables;
+class Tuning;
+struct SpeakerData;
+
+// Turns endpoint tunings into packed tuning arrays. It writes into the tables
+// and the speaker data of one load, which the store takes over only when the
+// whole load succeeded.
+class TuningConversion {
+  public:
+    // Room of one tuning array in words, header included.
+    static constexpr size_t kTuningCapacity = 1100;
+
+    TuningConversion(ParamTables& tables, SpeakerData& speaker);
+
+    // Builds the tuning's array (its plain entries, then the composite "ceqt",
+    // "rssa", "aobs", "arsa" and "arbs" entries) and adds it under the tuning's
+    // name with `counter` as its ordinal. `counter` advances only when an
+    // array was stored: a tuning without entries stores nothing. Returns false
+    // when the array outgrows kTuningCapacity; nothing is stored then.
+    bool convertTuning(Tuning* tuning, int& counter);
+
+    // Takes the mono flag, the speaker angles and the mix matrices of a
+    // speaker tuning. The matrices are appended to what earlier speaker
+    // tunings gave, until the output mode entries consume them.
+    void setCommonSpeakerParams(Tuning* tuning);
+
+  private:
+    ParamTables& mTables;
+    SpeakerData& mSpeaker;
+};
+
+}  // namespace ovela
+
+#endif  // OVELA_TUNING_CONVERSION_H

@@ -1,0 +1,94 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <vector>
+
+#include "AudioDevices.h"
+#include "GeqPreset.h"
+#include "PackedWords.h"
+#include "ParamCodes.h"
+#include "Profile.h"
+#include "ProfileParamArray.h"
+#include "Tuning.h"
+
+namespace ovela {
+namespace {
+
+using testing::packed;
+
+// Composes `entity` behind a header of (0, 0) and returns the words, so that
+// the result compares with a packed array written out by hand.
+std::vector<int32_t> composed(ParameterValues& entity, int device, int* written = nullptr) {
+    std::vector<int32_t> words(64, 0);
+    int count = 0;
+    int n = ProfileParamArray::composeParams(words.data() + 2, 62, device, &entity, count);
+    if (written != nullptr) {
+        *written = n;
+    }
+    words[1] = count;
+    words.resize(2 + (n > 0 ? n : 0));
+    return words;
+}
+
+TEST(ParamCodesTest, CodesFollowTheParameterValues) {
+    EXPECT_EQ(kParameterCodes[ADVANCED_HEADPHONE_VIRTUALIZER_LR_ANGLE], kyrCode("hlra"));
+    EXPECT_EQ(kParameterCodes[MI_DIALOG_ENHANCER_STEERING_ENABLE], kyrCode("mdee"));
+    EXPECT_EQ(kParameterCodes[MI_QV_LEVELER_STEERING_ENABLE], kyrCode("mdle"));
+    EXPECT_EQ(kParameterCodes[MI_IEQ_STEERING_ENABLE], kyrCode("miee"));
+    EXPECT_EQ(kParameterCodes[SYSTEM_GAIN], kyrCode("vol"));
+    EXPECT_EQ(kParameterCodes[VOLUME_MODELER_ENABLE], kyrCode("qvme"));
+    EXPECT_EQ(kParameterCodes[GEQ_FREQUENCY], kParameterCodes[GEQ_GAIN]);
+    size_t uncoded = 0;
+    for (KyrParameterId code : kParameterCodes) {
+        uncoded += code == 0 ? 1 : 0;
+    }
+    EXPECT_EQ(uncoded, 29u);
+}
+
+TEST(ComposeParamsTest, WritesOneEntryPerCodedParameterInParameterOrder) {
+    Profile profile(2, "music", PRESET_TYPE_WARM);
+    profile.set(VOLUME_MODELER_ENABLE, {0});
+    profile.set(IEQ_ENABLE, {1});
+    profile.set(CUSTOM_DRC_METADATA, {7, -8, 9});
+    int written = 0;
+    EXPECT_EQ(composed(profile, kDeviceAll, &written),
+              packed(0, {{kDeviceAll, kyrCode("drcm"), {7, -8, 9}},
+                         {kDeviceAll, kyrCode("ieon"), {1}},
+                         {kDeviceAll, kyrCode("qvme"), {0}}}));
+    EXPECT_EQ(written, 14);
+}
+
+TEST(ComposeParamsTest, ParametersWithoutCodeOrValuesYieldNothing) {
+    Tuning tuning("t", ENDPOINT_USB, false);
+    tuning.set(OUTPUT_MIX_MATRIX, {1, 0, 0, 1});
+    tuning.set(COMPLEX_EQUALIZER_TUNING_LEFT, {1, 2});
+    tuning.set(BASS_ENHANCER_BOOST, {});
+    int written = -1;
+    EXPECT_EQ(composed(tuning, kDeviceUsb, &written), packed(0, {}));
+    EXPECT_EQ(written, 0);
+}
+
+TEST(ComposeParamsTest, GeqFrequenciesAndGainsShareTheirCodeFrequenciesFirst) {
+    GeqPreset preset(4);
+    preset.set(GEQ_GAIN, {0, -3});
+    preset.set(GEQ_FREQUENCY, {100, 1000});
+    EXPECT_EQ(composed(preset, kDeviceSpeaker),
+              packed(0, {{kDeviceSpeaker, kyrCode("gebs"), {100, 1000}},
+                         {kDeviceSpeaker, kyrCode("gebs"), {0, -3}}}));
+}
+
+TEST(ComposeParamsTest, EntriesBeyondTheRoomWriteNothing) {
+    Profile profile(0, "p", PRESET_TYPE_OFF);
+    profile.set(IEQ_ENABLE, {1});
+    profile.set(IEQ_AMOUNT, {5, 6});
+    std::vector<int32_t> out(9, -7);
+    int count = 3;
+    EXPECT_EQ(ProfileParamArray::composeParams(out.data(), 8, kDeviceAll, &profile, count), -1);
+    EXPECT_EQ(count, 3);
+    EXPECT_EQ(out, std::vector<int32_t>(9, -7));
+    EXPECT_EQ(ProfileParamArray::composeParams(out.data(), 9, kDeviceAll, &profile, count), 9);
+    EXPECT_EQ(count, 5);
+}
+
+}  // namespace
+}  // namespace ovela

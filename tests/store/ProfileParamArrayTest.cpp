@@ -1,0 +1,414 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "AudioDevices.h"
+#include "LogCapture.h"
+#include "PackedWords.h"
+#include "ProfileParamArray.h"
+#include "TempFile.h"
+
+namespace ovela {
+namespace {
+
+using testing::LogCapture;
+using testing::packed;
+using testing::profileWords;
+using testing::TempFile;
+using testing::tuningWords;
+
+constexpr char kTag[] = "OvlProfileParamArray";
+constexpr char kMissingFile[] = "/nonexistent/ovela/qrn-default.xml";
+
+// A tuning file around `sections`, which are written indented: the reader
+// skips the blank text before the first child of every element.
+std::string tuningFile(const std::string& sections) {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<tuning_file>\n" + sections +
+           "</tuning_file>\n";
+}
+
+// A profile with the given settings (parameter and endpoint_type elements).
+std::string profile(int id, const std::string& settings) {
+    return "    <profile id=\"" + std::to_string(id) + "\" name=\"p" + std::to_string(id) +
+           "\">\n        <settings>\n" + settings +
+           "        </settings>\n        <include preset=\"ieq_balanced\"/>\n    </profile>\n";
+}
+
+std::string endpoint(const std::string& name, const std::string& settings) {
+    return "            <endpoint_type id=\"" + name + "\">\n" + settings +
+           "            </endpoint_type>\n";
+}
+
+std::string tuning(const std::string& attributes, const std::string& data) {
+    return "    <tuning " + attributes + ">\n        <data>\n" + data +
+           "        </data>\n    </tuning>\n";
+}
+
+// The words of every array of the store, for comparing whole stores.
+std::vector<std::vector<int32_t>> allArrays(ProfileParamArray& store,
+                                            const std::vector<std::string>& tunings) {
+    std::vector<std::vector<int32_t>> arrays;
+    for (OvlProfileId id = -1; id <= 9; ++id) {
+        arrays.push_back(profileWords(store, id));
+    }
+    for (const std::string& name : tunings) {
+        arrays.push_back(tuningWords(store, name));
+    }
+    return arrays;
+}
+
+std::string availableTunings(ProfileParamArray& store, Endpoint endpoint) {
+    std::vector<char> buffer(store.getAvailableTuningDevicesLen(endpoint), 'x');
+    EXPECT_EQ(
+        store.getAvailableTuningDevices(endpoint, buffer.data(), static_cast<int>(buffer.size())),
+        0);
+    return std::string(buffer.begin(), buffer.end());
+}
+
+TEST(ProfileParamArrayTest, UnreadableFileLeavesTheStoreEmpty) {
+    LogCapture log;
+    ProfileParamArray store(kMissingFile);
+    EXPECT_EQ(log.messages(kTag, ANDROID_LOG_ERROR),
+              std::vector<std::string>{"XML parses error!!"});
+    for (OvlProfileId id = -1; id <= 9; ++id) {
+        EXPECT_EQ(store.getProfileParamsSize(id), 0u) << "profile " << id;
+    }
+    EXPECT_EQ(store.getTuningParamsSize("speaker"), 0u);
+    EXPECT_EQ(availableTunings(store, ENDPOINT_SPEAKER), "defaultx");
+}
+
+TEST(ProfileParamArrayTest, EveryProfileAndTheGeneralArrayAreStoredEvenWhenEmpty) {
+    TempFile file(tuningFile(profile(3,
+                                     "            <volume-modeler-enable value=\"0\"/>\n"
+                                     "            <ieq-enable value=\"true\"/>\n"
+                                     "            <drc-metadata value=\"4,5\"/>\n")));
+    LogCapture log;
+    ProfileParamArray store(file.path());
+    std::vector<std::string> debug = log.messages(kTag, ANDROID_LOG_DEBUG);
+
+    EXPECT_EQ(debug, (std::vector<std::string>{
+                         "loadXMLFile",
+                         "add the profile table: profileId=0, paramNum=0, size=8",
+                         "add the profile table: profileId=1, paramNum=0, size=8",
+                         "add the profile table: profileId=2, paramNum=0, size=8",
+                         "add the profile table: profileId=3, paramNum=3, size=60",
+                         "add the profile table: profileId=4, paramNum=0, size=8",
+                         "add the profile table: profileId=5, paramNum=0, size=8",
+                         "add the profile table: profileId=6, paramNum=0, size=8",
+                         "add the profile table: profileId=7, paramNum=0, size=8",
+                         "add the profile table: profileId=8, paramNum=0, size=8",
+                         "add the profile table: profileId=9, paramNum=0, size=8",
+                         "add the profile table: profileId=-1, paramNum=0, size=8",
+                     }));
+    EXPECT_EQ(profileWords(store, 3), packed(3, {{kDeviceAll, kyrCode("drcm"), {4, 5}},
+                                                 {kDeviceAll, kyrCode("ieon"), {1}},
+                                                 {kDeviceAll, kyrCode("qvme"), {0}}}));
+    EXPECT_EQ(store.getProfileParamsSize(3), 60u);
+    EXPECT_EQ(profileWords(store, 4), packed(4, {}));
+    EXPECT_EQ(store.getProfileParamsSize(4), 8u);
+    EXPECT_EQ(profileWords(store, -1), packed(-1, {}));
+    EXPECT_EQ(store.getProfileParamsSize(10), 0u);
+}
+
+TEST(ProfileParamArrayTest, QueriesCopyWholeArraysAndRefuseANullBuffer) {
+    TempFile file(tuningFile(tuning("name=\"usb\" endpoint_type=\"usb\"",
+                                    "            <bass-enhancer-boost value=\"5\"/>\n")));
+    ProfileParamArray store(file.path());
+
+    std::vector<int32_t> out(8, -1);
+    EXPECT_EQ(store.getProfileParams(2, nullptr), -22);
+    EXPECT_EQ(store.getTuningParams("usb", nullptr), -22);
+    EXPECT_EQ(store.getTuningParams("unknown", out.data()), 0);
+    EXPECT_EQ(store.getProfileParams(42, out.data()), 0);
+    EXPECT_EQ(out, std::vector<int32_t>(8, -1));
+    EXPECT_EQ(store.getTuningParamsSize("usb"), 24u);
+    EXPECT_EQ(store.getTuningParams("usb", out.data()), 0);
+    EXPECT_EQ(out, (std::vector<int32_t>{0, 1, kDeviceUsb, kyrCode("beb"), 1, 5, -1, -1}));
+}
+
+TEST(ProfileParamArrayTest, ProfileEndpointsCarryTheirDeviceAndDefaultVirtualizerModes) {
+    TempFile file(tuningFile(
+        profile(2, "            <ieq-amount value=\"6\"/>\n" +
+                       endpoint("bluetooth",
+                                "                <volume-leveler-enable value=\"true\"/>\n"
+                                "                <virtualizer-enable value=\"1\"/>\n"
+                                "                <speaker-virtualizer-mode value=\"3\"/>\n")) +
+        profile(5, endpoint("remote_submix", "                <system-gain value=\"-4\"/>\n"))));
+    ProfileParamArray store(file.path());
+
+    EXPECT_EQ(profileWords(store, 2), packed(2, {{kDeviceAll, kyrCode("iea"), {6}},
+                                                 {kDeviceBluetooth, kyrCode("svm"), {3}},
+                                                 {kDeviceBluetooth, kyrCode("qvle"), {1}},
+                                                 {kDeviceBluetooth, kyrCode("hvm"), {1}},
+                                                 {kDeviceBluetooth, kyrCode("dom"), {1, 1, 2}}}));
+    EXPECT_EQ(profileWords(store, 5), packed(5, {{kDeviceRemoteSubmix, kyrCode("vol"), {-4}},
+                                                 {kDeviceRemoteSubmix, kyrCode("hvm"), {1}},
+                                                 {kDeviceRemoteSubmix, kyrCode("svm"), {1}},
+                                                 {kDeviceRemoteSubmix, kyrCode("dom"), {0, 2, 2}}}));
+}
+
+TEST(ProfileParamArrayTest, Profile8HeadphoneInMode2GetsTheFixedRenderingConfig) {
+    const std::string modeTwo = "                <headphone-virtualizer-mode value=\"2\"/>\n";
+    TempFile file(tuningFile(profile(8, endpoint("headphone", modeTwo)) +
+                             profile(7, endpoint("headphone", modeTwo))));
+    ProfileParamArray store(file.path());
+
+    EXPECT_EQ(
+        profileWords(store, 8),
+        packed(8, {{kDeviceWiredHeadphone, kyrCode("hvm"), {2}},
+                   {kDeviceWiredHeadphone, kyrCode("hvrc"), {103, 32568, 11164, 5090, 0, 2, 2, 2}},
+                   {kDeviceWiredHeadphone, kyrCode("svm"), {1}},
+                   {kDeviceWiredHeadphone, kyrCode("dom"), {0, 1, 2}}}));
+    EXPECT_EQ(profileWords(store, 7),
+              packed(7, {{kDeviceWiredHeadphone, kyrCode("hvm"), {2}},
+                         {kDeviceWiredHeadphone, kyrCode("svm"), {1}},
+                         {kDeviceWiredHeadphone, kyrCode("dom"), {0, 1, 2}}}));
+}
+
+TEST(ProfileParamArrayTest, Profile8KeepsTheRenderingConfigThatTheFileGives) {
+    TempFile file(tuningFile(
+        profile(8, endpoint("usb",
+                            "                <headphone-virtualizer-mode value=\"2\"/>\n"
+                            "                <advanced-headphone-virtualizer-rendering-config "
+                            "value=\"1,2\"/>\n"))));
+    ProfileParamArray store(file.path());
+
+    EXPECT_EQ(profileWords(store, 8), packed(8, {{kDeviceUsb, kyrCode("hvrc"), {1, 2}},
+                                                 {kDeviceUsb, kyrCode("hvm"), {2}},
+                                                 {kDeviceUsb, kyrCode("svm"), {1}},
+                                                 {kDeviceUsb, kyrCode("dom"), {0, 1, 2}}}));
+}
+
+TEST(ProfileParamArrayTest, DefaultTuningServesUsedEndpointsWithoutATuningOfTheirOwn) {
+    const std::string on = "                <virtualizer-enable value=\"1\"/>\n";
+    TempFile file(tuningFile(profile(0, endpoint("speaker", on)) +
+                             profile(1, endpoint("headphone", on)) + profile(2, endpoint("usb", on)) +
+                             tuning("name=\"headphone\" endpoint_type=\"headphone\"",
+                                    "            <bass-enhancer-boost value=\"5\"/>\n") +
+                             tuning("name=\"default\" endpoint_type=\"speaker\"",
+                                    "            <virtual-bass-mode value=\"2\"/>\n"
+                                    "            <bass-enhancer-boost value=\"1\"/>\n"
+                                    "            <output-mode>\n"
+                                    "                <mix_matrix>\n"
+                                    "                    <row value=\"1,0\"/>\n"
+                                    "                    <row value=\"0,1\"/>\n"
+                                    "                </mix_matrix>\n"
+                                    "            </output-mode>\n")));
+    ProfileParamArray store(file.path());
+
+    EXPECT_EQ(profileWords(store, -1), packed(-1, {{kDeviceSpeaker, kyrCode("beb"), {1}},
+                                                   {kDeviceSpeaker, kyrCode("vbm"), {2}},
+                                                   {kDeviceUsb, kyrCode("beb"), {1}},
+                                                   {kDeviceUsb, kyrCode("vbm"), {2}}}));
+    EXPECT_EQ(tuningWords(store, "headphone"),
+              packed(0, {{kDeviceWiredHeadphone, kyrCode("beb"), {5}}}));
+    EXPECT_EQ(store.getTuningParamsSize("default"), 0u);
+    // The speaker took the default tuning's mix matrix into its output mode.
+    EXPECT_EQ(profileWords(store, 0),
+              packed(0, {{kDeviceSpeaker, kyrCode("hvm"), {1}},
+                         {kDeviceSpeaker, kyrCode("svm"), {1}},
+                         {kDeviceSpeaker, kyrCode("dom"), {1, 0, 1, 1, 0, 0, 1}}}));
+}
+
+TEST(ProfileParamArrayTest, SpeakerOutputModeCarriesTheMixMatrixOfItsVirtualizerMode) {
+    const std::string on = "                <virtualizer-enable value=\"1\"/>\n";
+    TempFile file(tuningFile(
+        profile(0, endpoint("speaker", on)) +
+        profile(1, endpoint("speaker",
+                            on + "                <speaker-virtualizer-mode value=\"2\"/>\n")) +
+        profile(2, endpoint("aux_digital", on)) +
+        tuning("name=\"speaker\" endpoint_type=\"speaker\"",
+               "            <bass-enhancer-width value=\"4\"/>\n"
+               "            <output-mode>\n"
+               "                <mix_matrix>\n"
+               "                    <row value=\"1,0\"/>\n"
+               "                    <row value=\"0,1\"/>\n"
+               "                </mix_matrix>\n"
+               "                <advanced_mix_matrix>\n"
+               "                    <row value=\"5,6,7\"/>\n"
+               "                </advanced_mix_matrix>\n"
+               "            </output-mode>\n")));
+    ProfileParamArray store(file.path());
+
+    EXPECT_EQ(profileWords(store, 0),
+              packed(0, {{kDeviceSpeaker, kyrCode("hvm"), {1}},
+                         {kDeviceSpeaker, kyrCode("svm"), {1}},
+                         {kDeviceSpeaker, kyrCode("dom"), {1, 0, 1, 1, 0, 0, 1}}}));
+    EXPECT_EQ(profileWords(store, 1),
+              packed(1, {{kDeviceSpeaker, kyrCode("svm"), {2}},
+                         {kDeviceSpeaker, kyrCode("hvm"), {1}},
+                         {kDeviceSpeaker, kyrCode("dom"), {1, 0, 1, 5, 6, 7}}}));
+    EXPECT_EQ(profileWords(store, 2), packed(2, {{kDeviceAuxDigital, kyrCode("hvm"), {1}},
+                                                 {kDeviceAuxDigital, kyrCode("svm"), {1}},
+                                                 {kDeviceAuxDigital, kyrCode("dom"), {1, 2, 2}}}));
+    EXPECT_EQ(tuningWords(store, "speaker"), packed(0, {{kDeviceSpeaker, kyrCode("bew"), {4}}}));
+    EXPECT_EQ(profileWords(store, -1), packed(-1, {}));
+}
+
+TEST(ProfileParamArrayTest, MonoSpeakerSwitchesItsVirtualizerOff) {
+    TempFile file(tuningFile(
+        profile(0, endpoint("speaker", "                <virtualizer-enable value=\"1\"/>\n")) +
+        tuning("name=\"speaker\" endpoint_type=\"speaker\" mono_device=\"true\"",
+               "            <bass-enhancer-width value=\"4\"/>\n")));
+    ProfileParamArray store(file.path());
+
+    EXPECT_EQ(profileWords(store, 0), packed(0, {{kDeviceSpeaker, kyrCode("hvm"), {1}},
+                                                 {kDeviceSpeaker, kyrCode("svm"), {1}},
+                                                 {kDeviceSpeaker, kyrCode("dom"), {0, 0, 1}}}));
+}
+
+TEST(ProfileParamArrayTest, IeqPresetsAndGeneralSettingsGoToTheGeneralArray) {
+    TempFile file(tuningFile(R"(    <preset type="ieq" id="ieq_warm">
+        <outer>
+            <inner>
+                <band_ieq frequency="100" target="5"/>
+                <band_ieq frequency="1000" target="-3"/>
+            </inner>
+        </outer>
+    </preset>
+    <preset type="ieq" id="ieq_detailed">
+        <outer>
+            <inner>
+                <band_ieq frequency="100,200" target="5"/>
+            </inner>
+        </outer>
+    </preset>
+    <general>
+        <settings>
+            <auxiliary-system-gain-enable value="true"/>
+            <endpoint_type id="speaker">
+                <auxiliary-system-gain value="3"/>
+            </endpoint_type>
+        </settings>
+    </general>
+)"));
+    ProfileParamArray store(file.path());
+
+    EXPECT_EQ(profileWords(store, -1),
+              packed(-1, {{kDeviceAll, kyrCode("iebs"), {2, 100, 1000, 5, -3}},
+                          {kDeviceAll, kyrCode("avon"), {1}},
+                          {kDeviceSpeaker, kyrCode("avol"), {3}}}));
+}
+
+TEST(ProfileParamArrayTest, TuningsAreNumberedAndListedByEndpoint) {
+    TempFile file(tuningFile(tuning("name=\"bb\" endpoint_type=\"headphone\"",
+                                    "            <bass-enhancer-boost value=\"2\"/>\n") +
+                             tuning("name=\"a\" endpoint_type=\"headphone\"",
+                                    "            <bass-enhancer-boost value=\"1\"/>\n") +
+                             tuning("name=\"c\" endpoint_type=\"bluetooth\"",
+                                    "            <bass-enhancer-boost value=\"3\"/>\n")));
+    ProfileParamArray store(file.path());
+
+    std::vector<int32_t> a = tuningWords(store, "a");
+    std::vector<int32_t> bb = tuningWords(store, "bb");
+    std::vector<int32_t> c = tuningWords(store, "c");
+    ASSERT_FALSE(a.empty() || bb.empty() || c.empty());
+    // Ordinals follow the order in which the model hands the tunings over,
+    // which is not the file's: only the set of them is fixed.
+    EXPECT_EQ((std::set<int32_t>{a[0], bb[0], c[0]}), (std::set<int32_t>{0, 1, 2}));
+    EXPECT_EQ(a, packed(a[0], {{kDeviceWiredHeadphone, kyrCode("beb"), {1}}}));
+    EXPECT_EQ(bb, packed(bb[0], {{kDeviceWiredHeadphone, kyrCode("beb"), {2}}}));
+    EXPECT_EQ(c, packed(c[0], {{kDeviceBluetooth, kyrCode("beb"), {3}}}));
+
+    LogCapture log;
+    EXPECT_EQ(store.getAvailableTuningDevicesLen(ENDPOINT_HEADPHONE), 5u);
+    EXPECT_EQ(log.messages(kTag, ANDROID_LOG_DEBUG),
+              (std::vector<std::string>{"getAvailableTuningDevicesLen, tuning = a, length = 1",
+                                        "getAvailableTuningDevicesLen, tuning = bb, length = 2"}));
+    EXPECT_EQ(availableTunings(store, ENDPOINT_HEADPHONE), std::string("a bb\0", 5));
+    EXPECT_EQ(availableTunings(store, ENDPOINT_BLUETOOTH), std::string("c\0", 2));
+    EXPECT_EQ(availableTunings(store, ENDPOINT_USB), "defaultx");
+}
+
+TEST(ProfileParamArrayTest, AvailableTuningsNeverWritePastTheGivenLength) {
+    TempFile file(tuningFile(tuning("name=\"long-name\" endpoint_type=\"headphone\"",
+                                    "            <bass-enhancer-boost value=\"2\"/>\n")));
+    ProfileParamArray store(file.path());
+    std::string buffer(12, 'x');
+    EXPECT_EQ(store.getAvailableTuningDevices(ENDPOINT_HEADPHONE, buffer.data(), 4), 0);
+    EXPECT_EQ(buffer, "longxxxxxxxx");
+    EXPECT_EQ(store.getAvailableTuningDevices(ENDPOINT_HEADPHONE, nullptr, 4), -22);
+}
+
+TEST(ProfileParamArrayTest, SecondLoadAddsToTheTablesAndReplacesEqualKeys) {
+    TempFile first(tuningFile(profile(3, "            <ieq-enable value=\"1\"/>\n") +
+                              profile(4, "            <ieq-amount value=\"7\"/>\n") +
+                              tuning("name=\"a\" endpoint_type=\"usb\"",
+                                     "            <bass-enhancer-boost value=\"1\"/>\n")));
+    TempFile second(tuningFile(profile(3, "            <ieq-enable value=\"0\"/>\n") +
+                               tuning("name=\"b\" endpoint_type=\"usb\"",
+                                      "            <bass-enhancer-boost value=\"2\"/>\n")));
+    ProfileParamArray store(first.path());
+    store.loadXMLFile(second.path());
+
+    EXPECT_EQ(profileWords(store, 3), packed(3, {{kDeviceAll, kyrCode("ieon"), {0}}}));
+    // Every profile array is written again, so profile 4 is now empty.
+    EXPECT_EQ(profileWords(store, 4), packed(4, {}));
+    EXPECT_EQ(tuningWords(store, "a"), packed(0, {{kDeviceUsb, kyrCode("beb"), {1}}}));
+    EXPECT_EQ(tuningWords(store, "b"), packed(0, {{kDeviceUsb, kyrCode("beb"), {2}}}));
+    EXPECT_EQ(availableTunings(store, ENDPOINT_USB), std::string("a b\0", 4));
+}
+
+TEST(ProfileParamArrayTest, ProfilesOutsideZeroToNineAreSkipped) {
+    TempFile file(tuningFile(
+        profile(12, "            <ieq-enable value=\"1\"/>\n" +
+                        endpoint("headphone", "                <system-gain value=\"1\"/>\n")) +
+        profile(0, "            <ieq-enable value=\"1\"/>\n")));
+    LogCapture log;
+    ProfileParamArray store(file.path());
+
+    EXPECT_EQ(
+        log.messages(kTag, ANDROID_LOG_ERROR),
+        (std::vector<std::string>{"loadXMLFile() Invalid profile 12: profile skipped",
+                                  "loadXMLFile() Invalid profile 12: headphone endpoint skipped",
+                                  "loadXMLFile() Invalid profile 12: headphone output mode "
+                                  "skipped"}));
+    EXPECT_EQ(profileWords(store, 0), packed(0, {{kDeviceAll, kyrCode("ieon"), {1}}}));
+    EXPECT_EQ(store.getProfileParamsSize(12), 0u);
+}
+
+TEST(ProfileParamArrayTest, LoadingIsTransactional) {
+    TempFile good(tuningFile(profile(3, "            <ieq-enable value=\"1\"/>\n") +
+                             tuning("name=\"a\" endpoint_type=\"usb\"",
+                                    "            <bass-enhancer-boost value=\"1\"/>\n")));
+    ProfileParamArray store(good.path());
+    const std::vector<std::string> names = {"a", "fresh"};
+    const std::vector<std::vector<int32_t>> before = allArrays(store, names);
+    const std::string usbTunings = availableTunings(store, ENDPOINT_USB);
+
+    std::string longRow = "1";
+    for (int i = 1; i < 1200; ++i) {
+        longRow += "," + std::to_string(i);
+    }
+    const std::string freshTuning = tuning("name=\"fresh\" endpoint_type=\"usb\"",
+                                           "            <bass-enhancer-boost value=\"9\"/>\n");
+    TempFile profileTooBig(tuningFile(
+        profile(3, "            <drc-metadata value=\"" + longRow + "\"/>\n") + freshTuning));
+    TempFile tuningTooBig(
+        tuningFile(profile(3, "            <ieq-enable value=\"0\"/>\n") + freshTuning +
+                   tuning("name=\"a\" endpoint_type=\"usb\"",
+                          "            <bass-mbdrc-tuning value=\"" + longRow + "\"/>\n")));
+    TempFile unreadable("<tuning_file>\n");
+
+    struct {
+        const TempFile& file;
+        std::string error;
+    } failures[] = {
+        {profileTooBig, "loadXMLFile() profile 3 does not fit in 1200 words"},
+        {tuningTooBig, "convertTuning() tuning a does not fit in 1100 words"},
+        {unreadable, "XML parses error!!"},
+    };
+    for (const auto& failure : failures) {
+        LogCapture log;
+        store.loadXMLFile(failure.file.path());
+        EXPECT_EQ(log.messages(kTag, ANDROID_LOG_ERROR), std::vector<std::string>{failure.error});
+        EXPECT_EQ(allArrays(store, names), before) << failure.error;
+        EXPECT_EQ(availableTunings(store, ENDPOINT_USB), usbTunings) << failure.error;
+    }
+}
+
+}  // namespace
+}  // namespace ovela

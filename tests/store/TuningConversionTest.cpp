@@ -1,0 +1,178 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "AudioDevices.h"
+#include "LogCapture.h"
+#include "PackedWords.h"
+#include "ParamTables.h"
+#include "SpeakerData.h"
+#include "Tuning.h"
+#include "TuningConversion.h"
+
+namespace ovela {
+namespace {
+
+using testing::LogCapture;
+using testing::packed;
+
+constexpr char kTag[] = "OvlProfileParamArray";
+
+class TuningConversionTest : public ::testing::Test {
+  protected:
+    std::vector<int32_t> stored(const std::string& name) {
+        const int32_t* array = mTables.getTuningArray(name);
+        if (array == nullptr) {
+            return {};
+        }
+        return std::vector<int32_t>(array, array + mTables.getTuningSize(name) / sizeof(int32_t));
+    }
+
+    ParamTables mTables;
+    SpeakerData mSpeaker;
+    TuningConversion mConversion{mTables, mSpeaker};
+};
+
+TEST_F(TuningConversionTest, PlainEntriesCarryTheEndpointDeviceAndTheOrdinal) {
+    Tuning tuning("hp", ENDPOINT_HEADPHONE, false);
+    tuning.set(BASS_ENHANCER_BOOST, {5});
+    tuning.set(ORIENTATION, {});
+    int counter = 4;
+    LogCapture log;
+
+    EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
+    EXPECT_EQ(counter, 5);
+    EXPECT_EQ(stored("hp"), packed(4, {{kDeviceWiredHeadphone, kyrCode("beb"), {5}}}));
+    EXPECT_EQ(mTables.getTuningEndpoint("hp"), ENDPOINT_HEADPHONE);
+    EXPECT_EQ(log.messages(kTag, ANDROID_LOG_DEBUG),
+              std::vector<std::string>{"add the tuning table: tuning=hp, paramNum=6, size=24"});
+}
+
+TEST_F(TuningConversionTest, TuningWithoutEntriesIsNotStoredAndKeepsTheOrdinal) {
+    Tuning empty("empty", ENDPOINT_USB, false);
+    empty.set(OUTPUT_CHANNELS, {2});
+    Tuning next("next", ENDPOINT_USB, false);
+    next.set(VIRTUAL_BASS_MODE, {1});
+    int counter = 0;
+
+    EXPECT_TRUE(mConversion.convertTuning(&empty, counter));
+    EXPECT_TRUE(mConversion.convertTuning(&next, counter));
+    EXPECT_EQ(mTables.getTuningSize("empty"), 0u);
+    EXPECT_EQ(stored("next"), packed(0, {{kDeviceUsb, kyrCode("vbm"), {1}}}));
+    EXPECT_EQ(counter, 1);
+}
+
+TEST_F(TuningConversionTest, CompositeEntriesFollowThePlainOnes) {
+    Tuning tuning("spk2", ENDPOINT_SPEAKER, false);
+    tuning.set(REGULATOR_STRESS_AMOUNT, {10, 20});
+    tuning.set(COMPLEX_EQUALIZER_TUNING_LEFT, {1, 2});
+    tuning.set(COMPLEX_EQUALIZER_TUNING_RIGHT, {3, 4});
+    tuning.set(COMPLEX_EQUALIZER_TUNING_LEFT_SURROUND, {9, 9});
+    tuning.set(REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_LEFT, {1, 2, 3, 4, 5});
+    tuning.set(REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_RIGHT, {6, 7, 8, 9, 10});
+    tuning.set(AUDIO_OPTIMIZER_FREQUENCY, {100, 200});
+    tuning.set(AUDIO_OPTIMIZER_GAIN_L, {-1, -2});
+    tuning.set(AUDIO_OPTIMIZER_GAIN_R, {-3, -4});
+    tuning.set(AUDIO_OPTIMIZER_GAIN_LS, {5, 5});
+    tuning.set(REGULATOR_FREQUENCY, {50});
+    tuning.set(REGULATOR_THRESHOLD_LOW, {-30});
+    tuning.set(REGULATOR_THRESHOLD_HIGH, {-10});
+    tuning.set(REGULATOR_ISOLATED_BAND, {1});
+    int counter = 0;
+
+    EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
+    EXPECT_EQ(
+        stored("spk2"),
+        packed(0, {
+                      {kDeviceSpeaker, kyrCode("arsa"), {10, 20}},
+                      {kDeviceSpeaker, kyrCode("ceqt"), {2, 2, 1, 2, 3, 4}},
+                      {kDeviceSpeaker, kyrCode("rssa"), {2, 6, 0, 1, 2, 3, 4, 5, 0, 6, 7, 8, 9, 10}},
+                      {kDeviceSpeaker, kyrCode("aobs"), {2, 2, 100, 200, -1, -2, -3, -4}},
+                      {kDeviceSpeaker, kyrCode("arsa"), {2, 10, 20}},
+                      {kDeviceSpeaker, kyrCode("arbs"), {1, 50, -30, -10, 1}},
+                  }));
+}
+
+TEST_F(TuningConversionTest, SibilanceOfOtherBandCountsIsNotPadded) {
+    Tuning tuning("bt", ENDPOINT_BLUETOOTH, false);
+    tuning.set(REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_LEFT, {1, 2, 3});
+    tuning.set(REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_RIGHT, {4, 5, 6});
+    int counter = 0;
+    EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
+    EXPECT_EQ(stored("bt"),
+              packed(0, {{kDeviceBluetooth, kyrCode("rssa"), {2, 3, 1, 2, 3, 4, 5, 6}}}));
+}
+
+TEST_F(TuningConversionTest, BandListsOfDifferentLengthsGiveNoComposite) {
+    Tuning tuning("aux", ENDPOINT_AUX_DIGITAL, false);
+    tuning.set(COMPLEX_EQUALIZER_TUNING_LEFT, {1, 2});
+    tuning.set(COMPLEX_EQUALIZER_TUNING_RIGHT, {3});
+    tuning.set(AUDIO_OPTIMIZER_FREQUENCY, {100, 200});
+    tuning.set(AUDIO_OPTIMIZER_GAIN_L, {1, 2});
+    tuning.set(AUDIO_OPTIMIZER_GAIN_R, {1});
+    tuning.set(REGULATOR_FREQUENCY, {50});
+    tuning.set(REGULATOR_THRESHOLD_LOW, {-30});
+    tuning.set(REGULATOR_THRESHOLD_HIGH, {-10});
+    tuning.set(REGULATOR_ISOLATED_BAND, {});
+    tuning.set(REGULATOR_ENABLE, {1});
+    int counter = 0;
+    EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
+    EXPECT_EQ(stored("aux"), packed(0, {{kDeviceAuxDigital, kyrCode("aron"), {1}}}));
+}
+
+TEST_F(TuningConversionTest, SpeakerTuningsFeedTheSpeakerData) {
+    Tuning first("speaker", ENDPOINT_SPEAKER, true);
+    first.set(VIRTUALIZER_SURROUND_SPEAKER_ANGLE, {30, 31});
+    first.set(VIRTUALIZER_FRONT_SPEAKER_ANGLE, {10});
+    first.set(OUTPUT_MIX_MATRIX, {1, 0, 1});
+    first.set(ADVANCED_OUTPUT_MIX_MATRIX, {7});
+    Tuning second("speaker", ENDPOINT_SPEAKER, false);
+    second.set(VIRTUALIZER_HEIGHT_SPEAKER_ANGLE, {45});
+    second.set(OUTPUT_MIX_MATRIX, {4});
+    int counter = 0;
+
+    EXPECT_TRUE(mConversion.convertTuning(&first, counter));
+    EXPECT_TRUE(mSpeaker.mono);
+    EXPECT_EQ(mSpeaker.outputMixMatrix, (std::vector<int32_t>{1, 0, 1}));
+    mConversion.setCommonSpeakerParams(&second);
+
+    EXPECT_FALSE(mSpeaker.mono);
+    EXPECT_EQ(mSpeaker.surroundAngle, 30);
+    EXPECT_EQ(mSpeaker.heightAngle, 45);
+    EXPECT_EQ(mSpeaker.frontAngle, 10);
+    EXPECT_EQ(mSpeaker.outputMixMatrix, (std::vector<int32_t>{1, 0, 1, 4}));
+    EXPECT_EQ(mSpeaker.advancedOutputMixMatrix, std::vector<int32_t>{7});
+}
+
+TEST_F(TuningConversionTest, OtherTuningsLeaveTheSpeakerDataAlone) {
+    Tuning tuning("speaker2", ENDPOINT_SPEAKER, true);
+    tuning.set(OUTPUT_MIX_MATRIX, {1});
+    tuning.set(VIRTUALIZER_FRONT_SPEAKER_ANGLE, {10});
+    int counter = 0;
+    EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
+    EXPECT_FALSE(mSpeaker.mono);
+    EXPECT_EQ(mSpeaker.frontAngle, -1);
+    EXPECT_TRUE(mSpeaker.outputMixMatrix.empty());
+}
+
+TEST_F(TuningConversionTest, TuningBeyondItsRoomIsRefusedAndNotStored) {
+    Tuning tuning("big", ENDPOINT_HEADPHONE, false);
+    // Header, entry header and 1096 values: one word too many.
+    tuning.set(BASS_MBDRC_TUNING, std::vector<int>(1096, 1));
+    int counter = 2;
+    LogCapture log;
+    EXPECT_FALSE(mConversion.convertTuning(&tuning, counter));
+    EXPECT_EQ(counter, 2);
+    EXPECT_EQ(mTables.getTuningSize("big"), 0u);
+    EXPECT_EQ(log.messages(kTag, ANDROID_LOG_ERROR),
+              std::vector<std::string>{"convertTuning() tuning big does not fit in 1100 words"});
+
+    tuning.set(BASS_MBDRC_TUNING, std::vector<int>(1095, 1));
+    EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
+    EXPECT_EQ(mTables.getTuningSize("big"), 1100u * 4);
+}
+
+}  // namespace
+}  // namespace ovela
