@@ -33,6 +33,24 @@ inline std::vector<int32_t> packed(int32_t header, const std::vector<Entry>& ent
     return words;
 }
 
+// The entries of the packed array `words`, read without the library's
+// parser; an entry cut short ends the list.
+inline std::vector<Entry> entriesOf(const std::vector<int32_t>& words) {
+    std::vector<Entry> entries;
+    size_t at = 2;
+    for (int32_t i = 0; words.size() >= 2 && i < words[1] && at + 3 <= words.size(); ++i) {
+        size_t count = static_cast<size_t>(words[at + 2]);
+        if (words.size() - (at + 3) < count) {
+            break;
+        }
+        entries.push_back(
+            {words[at], words[at + 1],
+             std::vector<int32_t>(words.begin() + at + 3, words.begin() + at + 3 + count)});
+        at += 3 + count;
+    }
+    return entries;
+}
+
 // The arrays as the store hands them out, word by word; empty when unknown.
 inline std::vector<int32_t> profileWords(ProfileParamArray& store, OvlProfileId profile) {
     std::vector<int32_t> words(store.getProfileParamsSize(profile) / sizeof(int32_t));

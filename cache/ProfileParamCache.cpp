@@ -1,0 +1,257 @@
+#define LOG_TAG "OvlProfileParamCache"
+
+#include "ProfileParamCache.h"
+
+#include <log/log.h>
+#include <utils/String8.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <string_view>
+
+#include "AudioDevices.h"
+#include "IEffectKyr.h"
+#include "ParamCodes.h"
+#include "ProfileParamArray.h"
+#include "ProfileParamParser.h"
+
+namespace ovela {
+
+namespace {
+
+constexpr int kInvalidArgument = -22;
+constexpr int kNoMemory = -12;
+// The name recorded for an endpoint without a tuning of its own: the store
+// serves it from the default tuning inside the general array.
+constexpr char kDefaultTuning[] = "default";
+
+using Scratch = std::unique_ptr<void, decltype(&free)>;
+
+// A copy of one array of the store in a buffer of its own.
+struct ArrayCopy {
+    Scratch data{nullptr, &free};
+    uint32_t size = 0;
+};
+
+// Copies an array whose size `sizeOf` gives and whose contents `fetch` writes.
+// False when no buffer could be allocated; an unknown array copies as empty.
+template <typename SizeOf, typename Fetch>
+bool copyArray(SizeOf sizeOf, Fetch fetch, ArrayCopy* copy) {
+    copy->size = sizeOf();
+    if (copy->size == 0) {
+        return true;
+    }
+    copy->data.reset(malloc(copy->size));
+    if (copy->data == nullptr) {
+        return false;
+    }
+    fetch(copy->data.get());
+    return true;
+}
+
+bool copyProfile(OvlProfileId profile, ArrayCopy* copy) {
+    ProfileParamArray& store = ProfileParamArray::getInstance();
+    return copyArray([&] { return store.getProfileParamsSize(profile); },
+                     [&](void* out) { store.getProfileParams(profile, out); }, copy);
+}
+
+bool copyTuning(const std::string& tuning, ArrayCopy* copy) {
+    ProfileParamArray& store = ProfileParamArray::getInstance();
+    return copyArray([&] { return store.getTuningParamsSize(tuning); },
+                     [&](void* out) { store.getTuningParams(tuning, out); }, copy);
+}
+
+// Calls `visit` with every entry of the array, in order, once the whole array
+// has validated; false when it does not.
+template <typename Visit>
+bool forEachEntry(ArrayCopy& copy, Visit visit) {
+    ProfileParamParser parser(copy.data.get(), static_cast<int>(copy.size));
+    if (!parser.validate()) {
+        return false;
+    }
+    parser.begin();
+    while (parser.next()) {
+        visit(parser);
+    }
+    return true;
+}
+
+// Sends every entry to the effect and commits them; false when the array does
+// not validate, in which case nothing was sent.
+bool sendArray(ArrayCopy& copy, IEffectKyr* effect, int* status) {
+    bool valid = forEachEntry(copy, [effect](const ProfileParamParser& entry) {
+        effect->setParameter(entry.getDevice(), entry.getParamId(), entry.getValues(),
+                             entry.getValueCount());
+    });
+    if (valid) {
+        *status = effect->commitParameters(kDeviceAll);
+    }
+    return valid;
+}
+
+android::String8 codeText(KyrParameterId code) {
+    char text[sizeof(code)];
+    for (size_t i = 0; i < sizeof(code); ++i) {
+        text[i] = static_cast<char>((static_cast<uint32_t>(code) >> (8 * i)) & 0xff);
+    }
+    return android::String8(text, strnlen(text, sizeof(text)));
+}
+
+bool isEndpoint(Endpoint endpoint) {
+    return endpoint >= ENDPOINT_SPEAKER && static_cast<size_t>(endpoint) < kNumEndpoints;
+}
+
+}  // namespace
+
+ProfileParamCache::ProfileParamCache()
+    : mProfile(kGeneralProfileId), mEndpointTunings(std::string()) {
+    ProfileParamArray& store = ProfileParamArray::getInstance();
+    for (size_t i = 0; i < kNumEndpoints; ++i) {
+        const char* name = kEndpointNames[i];
+        if (store.getTuningParamsSize(name) != 0) {
+            ALOGD("%s(There is specific tuning for endpiont: %s)", __func__, name);
+            mEndpointTunings.add(static_cast<Endpoint>(i), name);
+        } else {
+            mEndpointTunings.add(static_cast<Endpoint>(i), kDefaultTuning);
+        }
+    }
+}
+
+ProfileParamCache::~ProfileParamCache() {
+    mEndpointTunings.clear();
+}
+
+int ProfileParamCache::setProfile(OvlProfileId profile, IEffectKyr* effect) {
+    ALOGD("%s(profile=%d)", __func__, profile);
+    if (profile < kGeneralProfileId || profile > kLastProfileId) {
+        ALOGE("%s() Invalid profile %d", __func__, profile);
+        return kInvalidArgument;
+    }
+    if (effect == nullptr) {
+        ALOGE("%s() effect instance should not be null", __func__);
+        return kInvalidArgument;
+    }
+    mProfile = profile;
+    ArrayCopy copy;
+    if (!copyProfile(profile, &copy)) {
+        ALOGE("%s() Fail to allocate scratch memory!", __func__);
+        return kNoMemory;
+    }
+    int status = 0;
+    if (!sendArray(copy, effect, &status)) {
+        ALOGE("%s() Invalid data for profile parameter values.", __func__);
+        return kInvalidArgument;
+    }
+    // The general array carries the default tuning only; the endpoints with a
+    // tuning of their own get it back on top.
+    if (profile == kGeneralProfileId) {
+        for (size_t i = 0; i < mEndpointTunings.size(); ++i) {
+            setEndpointTuning(mEndpointTunings.keyAt(i), mEndpointTunings.valueAt(i), effect, false);
+        }
+    }
+    return status;
+}
+
+int ProfileParamCache::setEndpointTuning(Endpoint endpoint, std::string tuning, IEffectKyr* effect,
+                                         bool skipIfUnchanged) {
+    if (!isEndpoint(endpoint)) {
+        ALOGE("%s() Invalid endpoint %d", __func__, endpoint);
+        return kInvalidArgument;
+    }
+    const char* endpointName = kEndpointNames[endpoint];
+    ALOGD("%s(endpoint=%s, tuning=%s)", __func__, endpointName, tuning.c_str());
+    if (effect == nullptr) {
+        ALOGE("%s() effect instance should not be null", __func__);
+        return kInvalidArgument;
+    }
+    ProfileParamArray& store = ProfileParamArray::getInstance();
+    uint32_t length = store.getAvailableTuningDevicesLen(endpoint);
+    Scratch list(malloc(length), &free);
+    if (list == nullptr) {
+        ALOGE("%s() Fail to allocate scratch memory!", __func__);
+        return kNoMemory;
+    }
+    store.getAvailableTuningDevices(endpoint, list.get(), static_cast<int>(length));
+    // The last byte is the list's terminator, or left unwritten after
+    // "default": the search stops before it.
+    std::string_view names(static_cast<const char*>(list.get()), length - 1);
+    if (names.find(tuning) == std::string_view::npos) {
+        // The run of thirteen blanks is part of the message that log readers
+        // match on.
+        ALOGE(
+            "%s, %s is not a valid tuning device for endpoint %s,"
+            "             please call getAvailableTuningDevice(endpoint) to check first!",
+            __func__, tuning.c_str(), endpointName);
+        return kInvalidArgument;
+    }
+    list.reset();
+    if (tuning == mEndpointTunings.valueFor(endpoint)) {
+        if (skipIfUnchanged || tuning == kDefaultTuning) {
+            return 0;
+        }
+    } else {
+        mEndpointTunings.add(endpoint, tuning);
+    }
+    ArrayCopy copy;
+    if (!copyTuning(tuning, &copy)) {
+        ALOGE("%s() Fail to allocate scratch memory!", __func__);
+        return kNoMemory;
+    }
+    int status = 0;
+    if (!sendArray(copy, effect, &status)) {
+        ALOGE("%s() Invalid data for tuning parameter values.", __func__);
+        return kInvalidArgument;
+    }
+    return status;
+}
+
+void ProfileParamCache::getEndpointTuning(Endpoint endpoint, void* out, int len) {
+    ssize_t index = mEndpointTunings.indexOfKey(endpoint);
+    if (index < 0 || out == nullptr || len <= 0) {
+        return;
+    }
+    const std::string& tuning = mEndpointTunings.valueAt(index);
+    memcpy(out, tuning.data(), std::min(tuning.size(), static_cast<size_t>(len)));
+}
+
+int ProfileParamCache::resetParam(KyrParameterId param, IEffectKyr* effect) {
+    ALOGD("%s(param=%s)", __func__, codeText(param).c_str());
+    if (effect == nullptr) {
+        ALOGE("%s() effect instance should not be null", __func__);
+        return kInvalidArgument;
+    }
+    ArrayCopy copy;
+    if (!copyProfile(mProfile, &copy)) {
+        ALOGE("%s() Fail to allocate scratch memory!", __func__);
+        return kNoMemory;
+    }
+    // The living room and concert hall configurations are variants that the
+    // effect only takes as its one headphone rendering configuration.
+    bool renderingVariant =
+        param == kParameterCodes[ADVANCED_HEADPHONE_VIRTUALIZER_RENDERING_CONFIG_FOR_CONCERT_HALL] ||
+        param == kParameterCodes[ADVANCED_HEADPHONE_VIRTUALIZER_RENDERING_CONFIG_FOR_LIVING_ROOM];
+    bool valid = forEachEntry(copy, [&](const ProfileParamParser& entry) {
+        if (entry.getParamId() != param) {
+            return;
+        }
+        if (renderingVariant) {
+            ALOGD("%s() set the headphone virtualizer rendering config value got from xml file.",
+                  "resetParam");
+            effect->setParameter(entry.getDevice(),
+                                 kParameterCodes[ADVANCED_HEADPHONE_VIRTUALIZER_RENDERING_CONFIG],
+                                 entry.getValues(), entry.getValueCount());
+        } else {
+            ALOGD("%s() resend the parameter value got from xml.", "resetParam");
+            effect->setParameter(entry.getDevice(), param, entry.getValues(), entry.getValueCount());
+        }
+    });
+    if (!valid) {
+        ALOGE("%s() Invalid data for profile parameter values.", __func__);
+        return kInvalidArgument;
+    }
+    return effect->commitParameters(kDeviceAll);
+}
+
+}  // namespace ovela
