@@ -12,7 +12,7 @@ namespace ovela {
 
 namespace {
 
-// Matrices are at most 8 x 6.
+// Reserved so that the usual matrices build without reallocation.
 constexpr size_t kMatrixCapacity = 50;
 
 }  // namespace

@@ -19,7 +19,7 @@ namespace ovela {
 
 namespace {
 
-// Rows are usually short; the longest known (a multiband tuning) fits.
+// Reserved so that the usual rows build without reallocation.
 constexpr size_t kRowCapacity = 155;
 
 template <typename Entity>
