@@ -1,0 +1,216 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "LogCapture.h"
+#include "ParserTestSupport.h"
+#include "TempFile.h"
+#include "TuningFileParser.h"
+
+namespace ovela {
+namespace {
+
+using testing::dataFile;
+using testing::loadText;
+using testing::LogCapture;
+using testing::textsOf;
+using testing::tuningFile;
+using testing::XmlText;
+
+using Strings = std::vector<std::string>;
+
+std::string profileFile(int id, const std::string& name) {
+    return tuningFile("<profile id=\"" + std::to_string(id) + "\" name=\"" + name +
+                      "\"> <settings> <ieq-amount value=\"5\"/> </settings> "
+                      "<include preset=\"ieq_warm\"/> </profile>");
+}
+
+std::string profileText(int id, const std::string& name) {
+    return "id=-1\nprofileId=" + std::to_string(id) + "\nname=" + name +
+           "\nselectedIeqPreset=warm\nselectedGeqPreset=" + std::to_string(id) + "\nieq_amount=5,\n";
+}
+
+TEST(TuningFileParserTest, LoadFailuresReturnMinus22AndLogTheirLine) {
+    LogCapture log;
+    TuningFileParser parser;
+    EXPECT_EQ(parser.setTuningFile(""), -22);
+    EXPECT_EQ(parser.setTuningFile("/nonexistent/qrn-default.xml"), -22);
+    EXPECT_EQ(log.messages("TuningFileParser", ANDROID_LOG_ERROR),
+              (Strings{"invalide tuning file path, 125", "fail to call xmlReadFile,  138"}));
+    EXPECT_EQ(parser.getDeviceData(), nullptr);
+    EXPECT_FALSE(parser.isParsed());
+
+    TuningFileParser constructed("/nonexistent/qrn-default.xml");
+    EXPECT_EQ(constructed.getDeviceData(), nullptr);
+}
+
+TEST(TuningFileParserTest, RootWithOnlyUnknownChildrenGivesAnEmptyModel) {
+    TuningFileParser parser;
+    ASSERT_EQ(loadText(parser, tuningFile("<Profile id=\"1\"/> <profiles/> loose text")), 0);
+    DeviceData& data = *parser.getDeviceData();
+    EXPECT_TRUE(parser.isParsed());
+    EXPECT_EQ(data.getFormatVersion() + data.getToolVersion(), "");
+    EXPECT_TRUE(data.getIeqPresets().empty() && data.getGeqPresets().empty() &&
+                data.getProfiles().empty() && data.getProfileEndpoints().empty() &&
+                data.getTunings().empty() && data.getDeviceTunings().empty() &&
+                data.getGeneralEndpoints().empty());
+    EXPECT_EQ(data.getGeneral(), nullptr);
+}
+
+TEST(TuningFileParserTest, VersionsJoinTheirPartsAndTheLastElementWins) {
+    LogCapture log;
+    TuningFileParser parser;
+    ASSERT_EQ(loadText(parser, tuningFile(R"(<format_version major="9" minor="9" maintenance="9"/>
+        <format_version major="1" build="77" minor="2" maintenance="3"/> <tool_version/>)")),
+              0);
+    EXPECT_EQ(parser.getDeviceData()->getFormatVersion(), "1.2.3");
+    EXPECT_EQ(parser.getDeviceData()->getToolVersion(), "..");
+    EXPECT_EQ(log.messages("TuningFileParser", ANDROID_LOG_ERROR),
+              Strings{"invalid attribute name build"});
+}
+
+TEST(TuningFileParserTest, SettingValueIsTheFirstAttributeOnlyWhenNamedValue) {
+    XmlText xml(R"(<s><a value="true"/><b value="false"/><c value="TRUE"/><d value=" -42"/>)"
+                R"(<e value="12abc"/><f name="x" value="5"/><g/></s>)");
+    std::vector<int> values;
+    for (xmlNode* node = xml.root()->children; node != nullptr; node = node->next) {
+        values.push_back(TuningFileParser::getNodeValue(node));
+    }
+    EXPECT_EQ(values, (std::vector<int>{1, 0, 0, -42, 12, 0, 0}));
+}
+
+TEST(TuningFileParserTest, DataRowSkipsEmptyFieldsAndRepeatsUnreadableOnes) {
+    XmlText xml(R"(<r><a data=",5,,x,7,"/><b data="x,3"/><c row="12abc, 4,-2"/>)"
+                R"(<d/><e data=""/><f data="1 2 3"/></r>)");
+    std::vector<std::vector<int>> rows;
+    for (xmlNode* node = xml.root()->children; node != nullptr; node = node->next) {
+        rows.push_back(TuningFileParser::parseDataRow(node));
+    }
+    EXPECT_EQ(rows, (std::vector<std::vector<int>>{{5, 5, 7}, {0, 3}, {12, 4, -2}, {}, {}, {1}}));
+}
+
+TEST(TuningFileParserTest, ElementsWrittenWithoutWhitespaceLoseTheirFirstChild) {
+    LogCapture log;
+    TuningFileParser parser;
+    ASSERT_EQ(loadText(parser, tuningFile(R"(<general>
+        <settings><auxiliary-system-gain-enable value="true"/><endpoint_type id="usb">
+                <auxiliary-system-gain value="-6"/>
+            </endpoint_type>
+        </settings>
+    </general>
+    <profile id="4" name="voice"><settings>
+            <ieq-amount value="7"/>
+        </settings>
+        <include preset="ieq_warm"/>
+    </profile>)")),
+              0);
+    DeviceData& data = *parser.getDeviceData();
+    EXPECT_EQ(data.getGeneral()->toString(), "id=-1\n");
+    EXPECT_EQ(textsOf(data.getGeneralEndpoints()),
+              Strings{"id=-1\nendpoint=usb\nauxiliary_system_gain=-6,\n"});
+    // The profile's 2nd and 4th child nodes are text: no parameters, no preset.
+    EXPECT_EQ(
+        textsOf(data.getProfiles()),
+        Strings{"id=-1\nprofileId=4\nname=voice\nselectedIeqPreset=off\nselectedGeqPreset=4\n"});
+    EXPECT_EQ(log.messages("TuningFileParser", ANDROID_LOG_ERROR), Strings{"name is invalid, 367"});
+}
+
+TEST(TuningFileParserTest, SecondLoadAddsItsEntitiesToTheFirstOnes) {
+    TuningFileParser parser;
+    ASSERT_EQ(loadText(parser, profileFile(1, "movie")), 0);
+    ASSERT_EQ(loadText(parser, profileFile(2, "music")), 0);
+    EXPECT_EQ(textsOf(parser.getDeviceData()->getProfiles()),
+              (Strings{profileText(1, "movie"), profileText(2, "music")}));
+    EXPECT_EQ(parser.getNumOfProfiles(), 2);
+    EXPECT_EQ(
+        (Strings{parser.getProfileName(1), parser.getProfileName(2), parser.getProfileName(3)}),
+        (Strings{"movie", "music", ""}));
+}
+
+TEST(TuningFileParserTest, FailedSecondLoadKeepsTheModelOfTheFirst) {
+    TuningFileParser parser;
+    ASSERT_EQ(loadText(parser, profileFile(1, "movie")), 0);
+    DeviceData* data = parser.getDeviceData();
+    EXPECT_EQ(loadText(parser, "this is not XML"), -22);
+    EXPECT_EQ(parser.getDeviceData(), data);
+    EXPECT_EQ(textsOf(data->getProfiles()), Strings{profileText(1, "movie")});
+}
+
+TEST(TuningFileParserTest, ParseTuningFileReadsTheDocumentAgainBehindTheModel) {
+    TuningFileParser idle;
+    idle.parseTuningFile();
+    EXPECT_FALSE(idle.isParsed());
+
+    TuningFileParser parser;
+    ASSERT_EQ(loadText(parser, profileFile(1, "movie")), 0);
+    parser.parseTuningFile();
+    EXPECT_EQ(parser.getNumOfProfiles(), 2);
+    EXPECT_EQ(textsOf(parser.getDeviceData()->getProfiles()), Strings{profileText(1, "movie")});
+}
+
+TEST(TuningFileParserTest, ReferenceTuningFileLoadsWhole) {
+    LogCapture log;
+    TuningFileParser parser(dataFile("qrn-default.xml"));
+    ASSERT_NE(parser.getDeviceData(), nullptr);
+    EXPECT_TRUE(log.at(ANDROID_LOG_ERROR).empty());
+    DeviceData& data = *parser.getDeviceData();
+    EXPECT_EQ(data.getFormatVersion() + " " + data.getToolVersion(), "1.4.0 2.11.3");
+
+    Strings names;
+    for (int id = 0; id < parser.getNumOfProfiles(); ++id) {
+        names.push_back(parser.getProfileName(id));
+    }
+    EXPECT_EQ(names, (Strings{"dynamic", "movie", "music", "game", "voice", "personalize", "night",
+                              "news", "spatial", "off"}));
+
+    std::vector<std::pair<PresetType, size_t>> ieq;
+    for (IeqPreset* preset : data.getIeqPresets()) {
+        ieq.emplace_back(preset->getType(), preset->values[IEQ_TARGET].size());
+    }
+    std::sort(ieq.begin(), ieq.end());
+    EXPECT_EQ(ieq, (std::vector<std::pair<PresetType, size_t>>{{PRESET_TYPE_OFF, 20},
+                                                               {PRESET_TYPE_DETAILED, 20},
+                                                               {PRESET_TYPE_BALANCED, 20},
+                                                               {PRESET_TYPE_WARM, 20}}));
+    std::vector<std::pair<int, size_t>> geq;
+    for (GeqPreset* preset : data.getGeqPresets()) {
+        geq.emplace_back(preset->getProfileId(), preset->values[GEQ_GAIN].size());
+    }
+    std::sort(geq.begin(), geq.end());
+    EXPECT_EQ(geq, (std::vector<std::pair<int, size_t>>{
+                       {0, 10}, {1, 10}, {2, 10}, {3, 10}, {4, 10}, {5, 10}, {9, 10}}));
+
+    std::vector<std::pair<std::string, Endpoint>> tunings;
+    for (Tuning* tuning : data.getTunings()) {
+        tunings.emplace_back(tuning->getName(), tuning->getEndpoint());
+        if (tuning->getName() == "speaker") {
+            EXPECT_EQ(tuning->values[OUTPUT_MIX_MATRIX], (std::vector<int>{16384, 0, 0, 16384}));
+            EXPECT_EQ(tuning->values[REGULATOR_ISOLATED_BAND].size(), 20u);
+        }
+    }
+    std::sort(tunings.begin(), tunings.end());
+    EXPECT_EQ(tunings,
+              (std::vector<std::pair<std::string, Endpoint>>{{"bluetooth", ENDPOINT_BLUETOOTH},
+                                                             {"default", ENDPOINT_OTHER},
+                                                             {"headphone", ENDPOINT_HEADPHONE},
+                                                             {"speaker", ENDPOINT_SPEAKER}}));
+    EXPECT_EQ(data.getDeviceTunings().size(), 6u);
+    EXPECT_EQ(data.getGeneral()->toString(), "id=-1\nauxiliary_system_gain_enable=1,\n");
+    EXPECT_EQ(data.getGeneralEndpoints().size(), 5u);
+
+    // Profile 0 covers seven endpoints, profile 9 two, the others four each.
+    EXPECT_EQ(data.getProfileEndpoints().size(), 41u);
+    int spatialHeadphones = 0;
+    for (ProfileEndpoint* endpoint : data.getProfileEndpoints()) {
+        if (endpoint->getProfileId() == 8 && endpoint->getEndpoint() == ENDPOINT_HEADPHONE) {
+            ++spatialHeadphones;
+            EXPECT_EQ(endpoint->values[HEADPHONE_VIRTUALIZER_MODE], std::vector<int>{2});
+            EXPECT_EQ(endpoint->values.count(ADVANCED_HEADPHONE_VIRTUALIZER_RENDERING_CONFIG), 0u);
+        }
+    }
+    EXPECT_EQ(spatialHeadphones, 1);
+}
+
+}  // namespace
+}  // namespace ovela
