@@ -168,7 +168,6 @@ class Load {
     // output mode; the speaker's also carries the mix matrix of its
     // virtualizer mode.
     void appendOutputModes(DeviceData& data) {
-        mUsedEndpoints.clear();
         for (ProfileEndpoint* settings : data.getProfileEndpoints()) {
             OvlProfileId profile = settings->getProfileId();
             Endpoint endpoint = settings->getEndpoint();
@@ -182,8 +181,8 @@ class Load {
             int virtualizer = enable.empty() ? 0 : enable.front();
             std::vector<int> values;
             if (endpoint != ENDPOINT_SPEAKER) {
-                // Digital outputs are rendered for two channels, the others
-                // as headphones.
+                // The outputs past USB (digital auxiliary, remote submix)
+                // take mode 2, the others mode 1.
                 values = {virtualizer, endpoint > ENDPOINT_USB ? 2 : 1, 2};
             } else {
                 // A mono speaker cannot virtualize.
