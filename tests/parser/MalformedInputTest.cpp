@@ -22,6 +22,10 @@ struct Input {
     int result;
 };
 
+void PrintTo(const Input& input, std::ostream* out) {
+    *out << input.name;
+}
+
 std::string nested(int depth) {
     std::string text;
     for (int i = 0; i < depth; ++i) text += "<a> ";
