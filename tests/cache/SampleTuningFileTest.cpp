@@ -17,7 +17,7 @@
 namespace ovela {
 namespace {
 
-using testing::dataFile;
+using testing::sampleFile;
 using testing::EffectCall;
 using testing::entriesOf;
 using testing::Entry;
@@ -61,7 +61,7 @@ class SampleTuningFileTest : public ::testing::Test {
   protected:
     void SetUp() override { ProfileParamArray::getInstance().loadXMLFile(mPath); }
 
-    std::string mPath = dataFile("qrn-default.xml");
+    std::string mPath = sampleFile();
     ProfileParamArray& mStore = ProfileParamArray::getInstance();
     ProfileParamArray mReference{mPath};
 };

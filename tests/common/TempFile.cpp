@@ -36,4 +36,8 @@ std::string dataFile(const std::string& name) {
     return std::string(OVELA_TEST_DATA_DIR) + "/" + name;
 }
 
+std::string sampleFile() {
+    return OVELA_SAMPLE_TUNING_FILE;
+}
+
 }  // namespace ovela::testing

@@ -22,6 +22,9 @@ class TempFile {
 // Path of a fixture under tests/data.
 std::string dataFile(const std::string& name);
 
+// Path of the complete sample tuning file shipped in examples/.
+std::string sampleFile();
+
 }  // namespace ovela::testing
 
 #endif  // OVELA_TESTS_TEMP_FILE_H

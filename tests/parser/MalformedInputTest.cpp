@@ -11,7 +11,7 @@
 namespace ovela {
 namespace {
 
-using testing::dataFile;
+using testing::sampleFile;
 using testing::loadText;
 using testing::LogCapture;
 using testing::tuningFile;
@@ -100,7 +100,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const ::testing::TestParamInfo<Input>& info) { return std::string(info.param.name); });
 
 TEST(MalformedInputTest, EveryTruncationOfTheReferenceFileFailsCleanly) {
-    std::ifstream in(dataFile("qrn-default.xml"));
+    std::ifstream in(sampleFile());
     const std::string whole((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
     const size_t end = whole.rfind("</ovela_tuning>");
     ASSERT_NE(end, std::string::npos);

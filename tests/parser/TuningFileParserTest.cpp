@@ -11,7 +11,7 @@
 namespace ovela {
 namespace {
 
-using testing::dataFile;
+using testing::sampleFile;
 using testing::loadText;
 using testing::LogCapture;
 using testing::textsOf;
@@ -151,7 +151,7 @@ TEST(TuningFileParserTest, ParseTuningFileReadsTheDocumentAgainBehindTheModel) {
 
 TEST(TuningFileParserTest, ReferenceTuningFileLoadsWhole) {
     LogCapture log;
-    TuningFileParser parser(dataFile("qrn-default.xml"));
+    TuningFileParser parser(sampleFile());
     ASSERT_NE(parser.getDeviceData(), nullptr);
     EXPECT_TRUE(log.at(ANDROID_LOG_ERROR).empty());
     DeviceData& data = *parser.getDeviceData();

@@ -11,7 +11,7 @@
 namespace ovela {
 namespace {
 
-using testing::dataFile;
+using testing::sampleFile;
 
 template <typename Table, typename ParameterOf>
 void count(const Table& table, ParameterOf parameterOf, std::vector<int>& counts) {
@@ -113,7 +113,7 @@ bool usedAt(const xmlNode* element, const VocabularyName& name) {
 }
 
 TEST(TuningFileVocabularyTest, ReferenceFileUsesEveryElementAndAttributeAtItsPlace) {
-    xmlDoc* document = xmlReadFile(dataFile("qrn-default.xml").c_str(), nullptr, 0);
+    xmlDoc* document = xmlReadFile(sampleFile().c_str(), nullptr, 0);
     ASSERT_NE(document, nullptr);
     std::vector<std::string> unused;
     for (const VocabularyName& name : tuningFileVocabulary()) {

@@ -1,0 +1,44 @@
+#ifndef OVELA_TUNE_COMMAND_LINE_H
+#define OVELA_TUNE_COMMAND_LINE_H
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace ovela::tune {
+
+// Exit codes of every command.
+constexpr int kExitOk = 0;
+constexpr int kExitFindings = 1;  // findings, or a file that does not load
+constexpr int kExitUsage = 2;
+
+struct OptionSpec {
+    const char* name;       // without the leading "--"
+    const char* valueName;  // null for a flag
+    const char* help;
+};
+
+// The words after the command name: positional arguments and --options.
+class CommandLine {
+  public:
+    // Fails with a message for an unknown option or a missing value.
+    static std::optional<CommandLine> parse(const std::vector<std::string>& words,
+                                            const std::vector<OptionSpec>& specs,
+                                            std::string* error);
+
+    const std::vector<std::string>& positional() const { return mPositional; }
+    bool has(const std::string& option) const { return mOptions.count(option) != 0; }
+    std::string value(const std::string& option) const;
+
+  private:
+    std::vector<std::string> mPositional;
+    std::map<std::string, std::string> mOptions;
+};
+
+// Reads a whole decimal int; false for anything else.
+bool parseInt(const std::string& text, int* out);
+
+}  // namespace ovela::tune
+
+#endif  // OVELA_TUNE_COMMAND_LINE_H

@@ -1,0 +1,30 @@
+#include "Commands.h"
+#include "PackedArrays.h"
+
+namespace ovela::tune {
+
+int runTunings(const CommandLine& line, std::ostream& out, std::ostream& err) {
+    std::string path;
+    if (!tuningFileArgument(line, &path, err)) {
+        return kExitUsage;
+    }
+    ProfileParamArray store(path);
+    if (!storeLoaded(store)) {
+        err << "ovela-tune tunings: " << path << " does not load\n";
+        return kExitFindings;
+    }
+    for (size_t endpoint = 0; endpoint < kNumEndpoints; ++endpoint) {
+        std::vector<std::string> names = availableTunings(store, static_cast<Endpoint>(endpoint));
+        out << kEndpointNames[endpoint] << ":";
+        if (names.empty()) {
+            out << " default";
+        }
+        for (const std::string& name : names) {
+            out << " " << name;
+        }
+        out << "\n";
+    }
+    return kExitOk;
+}
+
+}  // namespace ovela::tune
