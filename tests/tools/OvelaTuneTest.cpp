@@ -249,8 +249,8 @@ TEST(OvelaTuneCheckTest, ReportsEachKindOfFindingWithItsLine) {
         "8: value \"ten\" of <ieq-amount> is not a number: it reads as 0",
         "9: endpoint \"Headphone\" of <endpoint_type> is not an endpoint name: it reads as "
         "other (did you mean headphone?)",
-        "10: unknown element <virtual-bass-enable> in a profile <endpoint_type> is ignored",
-        "15: a second <endpoint_type> for headphone in the same profile: both are sent",
+        "10: unknown element <virtual-bass-enable> in an <endpoint_type> of profile 1 is ignored",
+        "15: a second <endpoint_type> for headphone in profile 1: both are sent",
         "19: preset \"Warm\" names no IEQ preset type: it reads as off (the reader is "
         "case-sensitive)",
         "21: profile id 1 is defined again (first at line 5): both are sent in the same array",

@@ -196,43 +196,29 @@ void TuningFileLint::checkProfile(xmlNode* profile) {
         if (node->type != XML_ELEMENT_NODE) {
             continue;
         }
-        const ElementValue* value = findByName(kProfileElements, nameOf(node));
         if (nameOf(node) == kEndpointTypeElement) {
-            checkProfileEndpoint(node, &endpoints);
-        } else if (value == nullptr) {
+            checkEndpointSection(node, "profile " + std::to_string(id), &endpoints,
+                                 namesOf(kProfileEndpointElements), [this](xmlNode* element) {
+                                     return checkValueElement(element, kProfileEndpointElements);
+                                 });
+        } else if (!checkValueElement(node, kProfileElements)) {
             report(node, "unknown element " + tag(node) + " in profile " + std::to_string(id) +
                              " is ignored" + similarName(nameOf(node), known));
-        } else if (value->shape == ValueShape::SINGLE) {
-            checkSetting(node);
-        } else {
-            checkRow(node);
         }
     }
 }
 
-void TuningFileLint::checkProfileEndpoint(xmlNode* endpointType, std::set<std::string>* seen) {
-    std::string endpoint = checkEndpointId(endpointType, kEndpointNames[ENDPOINT_OTHER]);
-    if (!seen->insert(endpoint).second) {
-        report(endpointType,
-               "a second <endpoint_type> for " + endpoint + " in the same profile: both are sent");
+bool TuningFileLint::checkValueElement(xmlNode* element, const NameTable<ElementValue>& elements) {
+    const ElementValue* value = findByName(elements, nameOf(element));
+    if (value == nullptr) {
+        return false;
     }
-    checkIndented(endpointType);
-    for (xmlNode* node = secondChild(endpointType); node != nullptr; node = node->next) {
-        if (node->type != XML_ELEMENT_NODE) {
-            continue;
-        }
-        const ElementValue* value = findByName(kProfileEndpointElements, nameOf(node));
-        if (value == nullptr) {
-            report(node, "unknown element " + tag(node) +
-                             " in a profile <endpoint_type> is "
-                             "ignored" +
-                             similarName(nameOf(node), namesOf(kProfileEndpointElements)));
-        } else if (value->shape == ValueShape::SINGLE) {
-            checkSetting(node);
-        } else {
-            checkRow(node);
-        }
+    if (value->shape == ValueShape::SINGLE) {
+        checkSetting(element);
+    } else {
+        checkRow(element);
     }
+    return true;
 }
 
 }  // namespace ovela::tune

@@ -169,7 +169,15 @@ void TuningFileLint::checkGeneral(xmlNode* general) {
             continue;
         }
         if (nameOf(node) == kEndpointTypeElement) {
-            checkGeneralEndpoint(node, &endpoints);
+            checkEndpointSection(
+                node, "<general>", &endpoints, namesOf(kGeneralEndpointElements),
+                [this](xmlNode* element) {
+                    if (findByName(kGeneralEndpointElements, nameOf(element)) == nullptr) {
+                        return false;
+                    }
+                    checkSetting(element);
+                    return true;
+                });
         } else if (findByName(kGeneralElements, nameOf(node)) != nullptr) {
             checkSetting(node);
         } else {
@@ -179,23 +187,20 @@ void TuningFileLint::checkGeneral(xmlNode* general) {
     }
 }
 
-void TuningFileLint::checkGeneralEndpoint(xmlNode* endpointType, std::set<std::string>* seen) {
+void TuningFileLint::checkEndpointSection(xmlNode* endpointType, const std::string& owner,
+                                          std::set<std::string>* seen,
+                                          const std::vector<std::string_view>& knownElements,
+                                          const std::function<bool(xmlNode*)>& checkElement) {
     std::string endpoint = checkEndpointId(endpointType, kEndpointNames[ENDPOINT_OTHER]);
     if (!seen->insert(endpoint).second) {
         report(endpointType,
-               "a second <endpoint_type> for " + endpoint + " in <general>: both are sent");
+               "a second <endpoint_type> for " + endpoint + " in " + owner + ": both are sent");
     }
     checkIndented(endpointType);
     for (xmlNode* node = secondChild(endpointType); node != nullptr; node = node->next) {
-        if (node->type != XML_ELEMENT_NODE) {
-            continue;
-        }
-        if (findByName(kGeneralEndpointElements, nameOf(node)) != nullptr) {
-            checkSetting(node);
-        } else {
-            report(node, "unknown element " + tag(node) +
-                             " in a general <endpoint_type> is ignored" +
-                             similarName(nameOf(node), namesOf(kGeneralEndpointElements)));
+        if (node->type == XML_ELEMENT_NODE && !checkElement(node)) {
+            report(node, "unknown element " + tag(node) + " in an <endpoint_type> of " + owner +
+                             " is ignored" + similarName(nameOf(node), knownElements));
         }
     }
 }

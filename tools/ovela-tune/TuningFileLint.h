@@ -3,7 +3,9 @@
 
 #include <libxml/tree.h>
 #include <ovela/Parameter.h>
+#include <ovela/TuningFileVocabulary.h>
 
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -33,10 +35,15 @@ class TuningFileLint {
     // Document level.
     void checkVersion(xmlNode* element);
     void checkGeneral(xmlNode* general);
-    void checkGeneralEndpoint(xmlNode* endpointType, std::set<std::string>* seen);
     void checkPreset(xmlNode* preset);
     void checkProfile(xmlNode* profile);
-    void checkProfileEndpoint(xmlNode* endpointType, std::set<std::string>* seen);
+    // An "endpoint_type" section inside `owner` (a general or a profile
+    // section): its endpoint, once per owner, and its elements, which
+    // `checkElement` checks, returning false for an unknown name.
+    void checkEndpointSection(xmlNode* endpointType, const std::string& owner,
+                              std::set<std::string>* seen,
+                              const std::vector<std::string_view>& knownElements,
+                              const std::function<bool(xmlNode*)>& checkElement);
     void checkTuning(xmlNode* tuning);
     void checkTuningData(xmlNode* data, const std::string& tuningName);
     template <typename Columns>
@@ -49,6 +56,9 @@ class TuningFileLint {
     void checkAttributes(xmlNode* element, const std::vector<std::string_view>& known);
     // A setting element: one number or truth word in its first attribute "value".
     void checkSetting(xmlNode* element);
+    // A profile or profile endpoint element by its shape; false for a name
+    // that `elements` lacks.
+    bool checkValueElement(xmlNode* element, const NameTable<ElementValue>& elements);
     // A row of numbers in the element's first attribute; returns its length.
     size_t checkRow(xmlNode* element);
     void checkNumber(const xmlNode* element, const std::string& what, const std::string& text);
