@@ -5,5 +5,6 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/setup.sh build
+# The build talks on stderr so that the arrays alone go to stdout.
+scripts/setup.sh build >&2
 exec build/tools/ovela-tune dump examples/qrn-default.xml "$@"
