@@ -14,6 +14,8 @@
 namespace ovela {
 namespace {
 
+using testing::dataFile;
+using testing::Entry;
 using testing::LogCapture;
 using testing::packed;
 using testing::profileWords;
@@ -87,85 +89,130 @@ TEST(ProfileParamArrayTest, EveryProfileAndTheGeneralArrayAreStoredEvenWhenEmpty
                                      "            <drc-metadata value=\"4,5\"/>\n")));
     LogCapture log;
     ProfileParamArray store(file.path());
-    std::vector<std::string> debug = log.messages(kTag, ANDROID_LOG_DEBUG);
-
-    EXPECT_EQ(debug, (std::vector<std::string>{
-                         "loadXMLFile",
-                         "add the profile table: profileId=0, paramNum=0, size=8",
-                         "add the profile table: profileId=1, paramNum=0, size=8",
-                         "add the profile table: profileId=2, paramNum=0, size=8",
-                         "add the profile table: profileId=3, paramNum=3, size=60",
-                         "add the profile table: profileId=4, paramNum=0, size=8",
-                         "add the profile table: profileId=5, paramNum=0, size=8",
-                         "add the profile table: profileId=6, paramNum=0, size=8",
-                         "add the profile table: profileId=7, paramNum=0, size=8",
-                         "add the profile table: profileId=8, paramNum=0, size=8",
-                         "add the profile table: profileId=9, paramNum=0, size=8",
-                         "add the profile table: profileId=-1, paramNum=0, size=8",
-                     }));
-    EXPECT_EQ(profileWords(store, 3), packed(3, {{kDeviceAll, kyrCode("drcm"), {4, 5}},
-                                                 {kDeviceAll, kyrCode("ieon"), {1}},
-                                                 {kDeviceAll, kyrCode("qvme"), {0}}}));
-    EXPECT_EQ(store.getProfileParamsSize(3), 60u);
+    // Profile 3 holds three entries (drcm, ieon, qvme) of 15 words.
+    EXPECT_EQ(log.messages(kTag, ANDROID_LOG_DEBUG),
+              (std::vector<std::string>{
+                  "loadXMLFile",
+                  "add the profile table: profileId=0, paramNum=0, size=8",
+                  "add the profile table: profileId=1, paramNum=0, size=8",
+                  "add the profile table: profileId=2, paramNum=0, size=8",
+                  "add the profile table: profileId=3, paramNum=3, size=60",
+                  "add the profile table: profileId=4, paramNum=0, size=8",
+                  "add the profile table: profileId=5, paramNum=0, size=8",
+                  "add the profile table: profileId=6, paramNum=0, size=8",
+                  "add the profile table: profileId=7, paramNum=0, size=8",
+                  "add the profile table: profileId=8, paramNum=0, size=8",
+                  "add the profile table: profileId=9, paramNum=0, size=8",
+                  "add the profile table: profileId=-1, paramNum=0, size=8",
+              }));
     EXPECT_EQ(profileWords(store, 4), packed(4, {}));
     EXPECT_EQ(store.getProfileParamsSize(4), 8u);
     EXPECT_EQ(profileWords(store, -1), packed(-1, {}));
     EXPECT_EQ(store.getProfileParamsSize(10), 0u);
 }
 
-TEST(ProfileParamArrayTest, QueriesCopyWholeArraysAndRefuseANullBuffer) {
-    TempFile file(tuningFile(tuning("name=\"usb\" endpoint_type=\"usb\"",
-                                    "            <bass-enhancer-boost value=\"5\"/>\n")));
-    ProfileParamArray store(file.path());
+// One profile endpoint per profile in the file, so every array has one order.
+TEST(ProfileParamArrayTest, ProfileEndpointsCarryTheirDeviceDefaultModesAndOutputMode) {
+    ProfileParamArray store(dataFile("store-arrays.xml"));
+    const struct {
+        const char* what;
+        OvlProfileId profile;
+        std::vector<Entry> entries;
+    } cases[] = {
+        {"the speaker's output mode carries the plain mix matrix of the speaker tuning",
+         0,
+         {{kDeviceSpeaker, kyrCode("hvm"), {1}},
+          {kDeviceSpeaker, kyrCode("svm"), {1}},
+          {kDeviceSpeaker, kyrCode("dom"), {1, 0, 1, 1, 0, 0, 1}}}},
+        {"speaker virtualizer mode 2 takes the advanced mix matrix",
+         1,
+         {{kDeviceSpeaker, kyrCode("svm"), {2}},
+          {kDeviceSpeaker, kyrCode("hvm"), {1}},
+          {kDeviceSpeaker, kyrCode("dom"), {1, 0, 1, 5, 6, 7}}}},
+        {"profile values, then the endpoint's under its device, then the missing mode",
+         2,
+         {{kDeviceAll, kyrCode("iea"), {6}},
+          {kDeviceBluetooth, kyrCode("svm"), {3}},
+          {kDeviceBluetooth, kyrCode("qvle"), {1}},
+          {kDeviceBluetooth, kyrCode("hvm"), {1}},
+          {kDeviceBluetooth, kyrCode("dom"), {1, 1, 2}}}},
+        {"outputs past USB take output mode 2",
+         3,
+         {{kDeviceAuxDigital, kyrCode("hvm"), {1}},
+          {kDeviceAuxDigital, kyrCode("svm"), {1}},
+          {kDeviceAuxDigital, kyrCode("dom"), {1, 2, 2}}}},
+        {"no virtualizer value reads as off",
+         5,
+         {{kDeviceRemoteSubmix, kyrCode("vol"), {-4}},
+          {kDeviceRemoteSubmix, kyrCode("hvm"), {1}},
+          {kDeviceRemoteSubmix, kyrCode("svm"), {1}},
+          {kDeviceRemoteSubmix, kyrCode("dom"), {0, 2, 2}}}},
+        {"headphone mode 2 outside profile 8 gets no rendering config",
+         7,
+         {{kDeviceWiredHeadphone, kyrCode("hvm"), {2}},
+          {kDeviceWiredHeadphone, kyrCode("svm"), {1}},
+          {kDeviceWiredHeadphone, kyrCode("dom"), {0, 1, 2}}}},
+        {"profile 8's headphone in mode 2 gets the fixed rendering config",
+         8,
+         {{kDeviceWiredHeadphone, kyrCode("hvm"), {2}},
+          {kDeviceWiredHeadphone, kyrCode("hvrc"), {103, 32568, 11164, 5090, 0, 2, 2, 2}},
+          {kDeviceWiredHeadphone, kyrCode("svm"), {1}},
+          {kDeviceWiredHeadphone, kyrCode("dom"), {0, 1, 2}}}},
+        {"the general array holds the matching IEQ bands and the general settings",
+         -1,
+         {{kDeviceAll, kyrCode("iebs"), {2, 100, 1000, 5, -3}},
+          {kDeviceAll, kyrCode("avon"), {1}},
+          {kDeviceSpeaker, kyrCode("avol"), {3}}}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        EXPECT_EQ(profileWords(store, c.profile), packed(c.profile, c.entries));
+    }
+}
 
-    std::vector<int32_t> out(8, -1);
+TEST(ProfileParamArrayTest, TuningsAreNumberedListedByEndpointAndCopiedWhole) {
+    ProfileParamArray store(dataFile("store-arrays.xml"));
+    std::vector<int32_t> a = tuningWords(store, "a");
+    std::vector<int32_t> bb = tuningWords(store, "bb");
+    std::vector<int32_t> c = tuningWords(store, "c");
+    std::vector<int32_t> speaker = tuningWords(store, "speaker");
+    ASSERT_FALSE(a.empty() || bb.empty() || c.empty() || speaker.empty());
+    // Ordinals follow the order in which the model hands the tunings over,
+    // which is not the file's: only the set of them is fixed.
+    EXPECT_EQ((std::set<int32_t>{a[0], bb[0], c[0], speaker[0]}), (std::set<int32_t>{0, 1, 2, 3}));
+    EXPECT_EQ(a, packed(a[0], {{kDeviceWiredHeadphone, kyrCode("beb"), {1}}}));
+    EXPECT_EQ(bb, packed(bb[0], {{kDeviceWiredHeadphone, kyrCode("beb"), {2}}}));
+    EXPECT_EQ(c, packed(c[0], {{kDeviceBluetooth, kyrCode("beb"), {3}}}));
+    EXPECT_EQ(speaker, packed(speaker[0], {{kDeviceSpeaker, kyrCode("bew"), {4}}}));
+
+    LogCapture log;
+    EXPECT_EQ(store.getAvailableTuningDevicesLen(ENDPOINT_HEADPHONE), 5u);
+    EXPECT_EQ(log.messages(kTag, ANDROID_LOG_DEBUG),
+              (std::vector<std::string>{"getAvailableTuningDevicesLen, tuning = a, length = 1",
+                                        "getAvailableTuningDevicesLen, tuning = bb, length = 2"}));
+    EXPECT_EQ(availableTunings(store, ENDPOINT_HEADPHONE), std::string("a bb\0", 5));
+    EXPECT_EQ(availableTunings(store, ENDPOINT_BLUETOOTH), std::string("c\0", 2));
+    EXPECT_EQ(availableTunings(store, ENDPOINT_USB), "defaultx");
+    // The list never runs past the given length.
+    std::string buffer(8, 'x');
+    EXPECT_EQ(store.getAvailableTuningDevices(ENDPOINT_HEADPHONE, buffer.data(), 3), 0);
+    EXPECT_EQ(buffer, "a bxxxxx");
+}
+
+TEST(ProfileParamArrayTest, QueriesRefuseANullBufferAndCopyNothingForUnknownKeys) {
+    ProfileParamArray store(dataFile("store-arrays.xml"));
     EXPECT_EQ(store.getProfileParams(2, nullptr), -22);
-    EXPECT_EQ(store.getTuningParams("usb", nullptr), -22);
+    EXPECT_EQ(store.getTuningParams("c", nullptr), -22);
+    EXPECT_EQ(store.getAvailableTuningDevices(ENDPOINT_HEADPHONE, nullptr, 4), -22);
+    std::vector<int32_t> out(8, -1);
     EXPECT_EQ(store.getTuningParams("unknown", out.data()), 0);
     EXPECT_EQ(store.getProfileParams(42, out.data()), 0);
     EXPECT_EQ(out, std::vector<int32_t>(8, -1));
-    EXPECT_EQ(store.getTuningParamsSize("usb"), 24u);
-    EXPECT_EQ(store.getTuningParams("usb", out.data()), 0);
-    EXPECT_EQ(out, (std::vector<int32_t>{0, 1, kDeviceUsb, kyrCode("beb"), 1, 5, -1, -1}));
-}
-
-TEST(ProfileParamArrayTest, ProfileEndpointsCarryTheirDeviceAndDefaultVirtualizerModes) {
-    TempFile file(tuningFile(
-        profile(2, "            <ieq-amount value=\"6\"/>\n" +
-                       endpoint("bluetooth",
-                                "                <volume-leveler-enable value=\"true\"/>\n"
-                                "                <virtualizer-enable value=\"1\"/>\n"
-                                "                <speaker-virtualizer-mode value=\"3\"/>\n")) +
-        profile(5, endpoint("remote_submix", "                <system-gain value=\"-4\"/>\n"))));
-    ProfileParamArray store(file.path());
-
-    EXPECT_EQ(profileWords(store, 2), packed(2, {{kDeviceAll, kyrCode("iea"), {6}},
-                                                 {kDeviceBluetooth, kyrCode("svm"), {3}},
-                                                 {kDeviceBluetooth, kyrCode("qvle"), {1}},
-                                                 {kDeviceBluetooth, kyrCode("hvm"), {1}},
-                                                 {kDeviceBluetooth, kyrCode("dom"), {1, 1, 2}}}));
-    EXPECT_EQ(profileWords(store, 5), packed(5, {{kDeviceRemoteSubmix, kyrCode("vol"), {-4}},
-                                                 {kDeviceRemoteSubmix, kyrCode("hvm"), {1}},
-                                                 {kDeviceRemoteSubmix, kyrCode("svm"), {1}},
-                                                 {kDeviceRemoteSubmix, kyrCode("dom"), {0, 2, 2}}}));
-}
-
-TEST(ProfileParamArrayTest, Profile8HeadphoneInMode2GetsTheFixedRenderingConfig) {
-    const std::string modeTwo = "                <headphone-virtualizer-mode value=\"2\"/>\n";
-    TempFile file(tuningFile(profile(8, endpoint("headphone", modeTwo)) +
-                             profile(7, endpoint("headphone", modeTwo))));
-    ProfileParamArray store(file.path());
-
-    EXPECT_EQ(
-        profileWords(store, 8),
-        packed(8, {{kDeviceWiredHeadphone, kyrCode("hvm"), {2}},
-                   {kDeviceWiredHeadphone, kyrCode("hvrc"), {103, 32568, 11164, 5090, 0, 2, 2, 2}},
-                   {kDeviceWiredHeadphone, kyrCode("svm"), {1}},
-                   {kDeviceWiredHeadphone, kyrCode("dom"), {0, 1, 2}}}));
-    EXPECT_EQ(profileWords(store, 7),
-              packed(7, {{kDeviceWiredHeadphone, kyrCode("hvm"), {2}},
-                         {kDeviceWiredHeadphone, kyrCode("svm"), {1}},
-                         {kDeviceWiredHeadphone, kyrCode("dom"), {0, 1, 2}}}));
+    EXPECT_EQ(store.getTuningParamsSize("unknown") + store.getProfileParamsSize(42), 0u);
+    // A copy is exactly as long as the array.
+    EXPECT_EQ(store.getTuningParams("c", out.data()), 0);
+    EXPECT_EQ(out,
+              (std::vector<int32_t>{out[0], 1, kDeviceBluetooth, kyrCode("beb"), 1, 3, -1, -1}));
 }
 
 TEST(ProfileParamArrayTest, Profile8KeepsTheRenderingConfigThatTheFileGives) {
@@ -213,41 +260,6 @@ TEST(ProfileParamArrayTest, DefaultTuningServesUsedEndpointsWithoutATuningOfThei
                          {kDeviceSpeaker, kyrCode("dom"), {1, 0, 1, 1, 0, 0, 1}}}));
 }
 
-TEST(ProfileParamArrayTest, SpeakerOutputModeCarriesTheMixMatrixOfItsVirtualizerMode) {
-    const std::string on = "                <virtualizer-enable value=\"1\"/>\n";
-    TempFile file(tuningFile(
-        profile(0, endpoint("speaker", on)) +
-        profile(1, endpoint("speaker",
-                            on + "                <speaker-virtualizer-mode value=\"2\"/>\n")) +
-        profile(2, endpoint("aux_digital", on)) +
-        tuning("name=\"speaker\" endpoint_type=\"speaker\"",
-               "            <bass-enhancer-width value=\"4\"/>\n"
-               "            <output-mode>\n"
-               "                <mix_matrix>\n"
-               "                    <row value=\"1,0\"/>\n"
-               "                    <row value=\"0,1\"/>\n"
-               "                </mix_matrix>\n"
-               "                <advanced_mix_matrix>\n"
-               "                    <row value=\"5,6,7\"/>\n"
-               "                </advanced_mix_matrix>\n"
-               "            </output-mode>\n")));
-    ProfileParamArray store(file.path());
-
-    EXPECT_EQ(profileWords(store, 0),
-              packed(0, {{kDeviceSpeaker, kyrCode("hvm"), {1}},
-                         {kDeviceSpeaker, kyrCode("svm"), {1}},
-                         {kDeviceSpeaker, kyrCode("dom"), {1, 0, 1, 1, 0, 0, 1}}}));
-    EXPECT_EQ(profileWords(store, 1),
-              packed(1, {{kDeviceSpeaker, kyrCode("svm"), {2}},
-                         {kDeviceSpeaker, kyrCode("hvm"), {1}},
-                         {kDeviceSpeaker, kyrCode("dom"), {1, 0, 1, 5, 6, 7}}}));
-    EXPECT_EQ(profileWords(store, 2), packed(2, {{kDeviceAuxDigital, kyrCode("hvm"), {1}},
-                                                 {kDeviceAuxDigital, kyrCode("svm"), {1}},
-                                                 {kDeviceAuxDigital, kyrCode("dom"), {1, 2, 2}}}));
-    EXPECT_EQ(tuningWords(store, "speaker"), packed(0, {{kDeviceSpeaker, kyrCode("bew"), {4}}}));
-    EXPECT_EQ(profileWords(store, -1), packed(-1, {}));
-}
-
 TEST(ProfileParamArrayTest, MonoSpeakerSwitchesItsVirtualizerOff) {
     TempFile file(tuningFile(
         profile(0, endpoint("speaker", "                <virtualizer-enable value=\"1\"/>\n")) +
@@ -258,79 +270,6 @@ TEST(ProfileParamArrayTest, MonoSpeakerSwitchesItsVirtualizerOff) {
     EXPECT_EQ(profileWords(store, 0), packed(0, {{kDeviceSpeaker, kyrCode("hvm"), {1}},
                                                  {kDeviceSpeaker, kyrCode("svm"), {1}},
                                                  {kDeviceSpeaker, kyrCode("dom"), {0, 0, 1}}}));
-}
-
-TEST(ProfileParamArrayTest, IeqPresetsAndGeneralSettingsGoToTheGeneralArray) {
-    TempFile file(tuningFile(R"(    <preset type="ieq" id="ieq_warm">
-        <outer>
-            <inner>
-                <band_ieq frequency="100" target="5"/>
-                <band_ieq frequency="1000" target="-3"/>
-            </inner>
-        </outer>
-    </preset>
-    <preset type="ieq" id="ieq_detailed">
-        <outer>
-            <inner>
-                <band_ieq frequency="100,200" target="5"/>
-            </inner>
-        </outer>
-    </preset>
-    <general>
-        <settings>
-            <auxiliary-system-gain-enable value="true"/>
-            <endpoint_type id="speaker">
-                <auxiliary-system-gain value="3"/>
-            </endpoint_type>
-        </settings>
-    </general>
-)"));
-    ProfileParamArray store(file.path());
-
-    EXPECT_EQ(profileWords(store, -1),
-              packed(-1, {{kDeviceAll, kyrCode("iebs"), {2, 100, 1000, 5, -3}},
-                          {kDeviceAll, kyrCode("avon"), {1}},
-                          {kDeviceSpeaker, kyrCode("avol"), {3}}}));
-}
-
-TEST(ProfileParamArrayTest, TuningsAreNumberedAndListedByEndpoint) {
-    TempFile file(tuningFile(tuning("name=\"bb\" endpoint_type=\"headphone\"",
-                                    "            <bass-enhancer-boost value=\"2\"/>\n") +
-                             tuning("name=\"a\" endpoint_type=\"headphone\"",
-                                    "            <bass-enhancer-boost value=\"1\"/>\n") +
-                             tuning("name=\"c\" endpoint_type=\"bluetooth\"",
-                                    "            <bass-enhancer-boost value=\"3\"/>\n")));
-    ProfileParamArray store(file.path());
-
-    std::vector<int32_t> a = tuningWords(store, "a");
-    std::vector<int32_t> bb = tuningWords(store, "bb");
-    std::vector<int32_t> c = tuningWords(store, "c");
-    ASSERT_FALSE(a.empty() || bb.empty() || c.empty());
-    // Ordinals follow the order in which the model hands the tunings over,
-    // which is not the file's: only the set of them is fixed.
-    EXPECT_EQ((std::set<int32_t>{a[0], bb[0], c[0]}), (std::set<int32_t>{0, 1, 2}));
-    EXPECT_EQ(a, packed(a[0], {{kDeviceWiredHeadphone, kyrCode("beb"), {1}}}));
-    EXPECT_EQ(bb, packed(bb[0], {{kDeviceWiredHeadphone, kyrCode("beb"), {2}}}));
-    EXPECT_EQ(c, packed(c[0], {{kDeviceBluetooth, kyrCode("beb"), {3}}}));
-
-    LogCapture log;
-    EXPECT_EQ(store.getAvailableTuningDevicesLen(ENDPOINT_HEADPHONE), 5u);
-    EXPECT_EQ(log.messages(kTag, ANDROID_LOG_DEBUG),
-              (std::vector<std::string>{"getAvailableTuningDevicesLen, tuning = a, length = 1",
-                                        "getAvailableTuningDevicesLen, tuning = bb, length = 2"}));
-    EXPECT_EQ(availableTunings(store, ENDPOINT_HEADPHONE), std::string("a bb\0", 5));
-    EXPECT_EQ(availableTunings(store, ENDPOINT_BLUETOOTH), std::string("c\0", 2));
-    EXPECT_EQ(availableTunings(store, ENDPOINT_USB), "defaultx");
-}
-
-TEST(ProfileParamArrayTest, AvailableTuningsNeverWritePastTheGivenLength) {
-    TempFile file(tuningFile(tuning("name=\"long-name\" endpoint_type=\"headphone\"",
-                                    "            <bass-enhancer-boost value=\"2\"/>\n")));
-    ProfileParamArray store(file.path());
-    std::string buffer(12, 'x');
-    EXPECT_EQ(store.getAvailableTuningDevices(ENDPOINT_HEADPHONE, buffer.data(), 4), 0);
-    EXPECT_EQ(buffer, "longxxxxxxxx");
-    EXPECT_EQ(store.getAvailableTuningDevices(ENDPOINT_HEADPHONE, nullptr, 4), -22);
 }
 
 TEST(ProfileParamArrayTest, SecondLoadAddsToTheTablesAndReplacesEqualKeys) {
