@@ -36,12 +36,17 @@ class TuningConversionTest : public ::testing::Test {
 };
 
 TEST_F(TuningConversionTest, PlainEntriesCarryTheEndpointDeviceAndTheOrdinal) {
+    // Without an entry a tuning is not stored and the next one takes its ordinal.
+    Tuning empty("empty", ENDPOINT_USB, false);
+    empty.set(OUTPUT_CHANNELS, {2});
     Tuning tuning("hp", ENDPOINT_HEADPHONE, false);
     tuning.set(BASS_ENHANCER_BOOST, {5});
     tuning.set(ORIENTATION, {});
     int counter = 4;
     LogCapture log;
 
+    EXPECT_TRUE(mConversion.convertTuning(&empty, counter));
+    EXPECT_EQ(mTables.getTuningSize("empty"), 0u);
     EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
     EXPECT_EQ(counter, 5);
     EXPECT_EQ(stored("hp"), packed(4, {{kDeviceWiredHeadphone, kyrCode("beb"), {5}}}));
@@ -49,21 +54,6 @@ TEST_F(TuningConversionTest, PlainEntriesCarryTheEndpointDeviceAndTheOrdinal) {
     EXPECT_EQ(log.messages(kTag, ANDROID_LOG_DEBUG),
               std::vector<std::string>{"add the tuning table: tuning=hp, paramNum=6, size=24"});
 }
-
-TEST_F(TuningConversionTest, TuningWithoutEntriesIsNotStoredAndKeepsTheOrdinal) {
-    Tuning empty("empty", ENDPOINT_USB, false);
-    empty.set(OUTPUT_CHANNELS, {2});
-    Tuning next("next", ENDPOINT_USB, false);
-    next.set(VIRTUAL_BASS_MODE, {1});
-    int counter = 0;
-
-    EXPECT_TRUE(mConversion.convertTuning(&empty, counter));
-    EXPECT_TRUE(mConversion.convertTuning(&next, counter));
-    EXPECT_EQ(mTables.getTuningSize("empty"), 0u);
-    EXPECT_EQ(stored("next"), packed(0, {{kDeviceUsb, kyrCode("vbm"), {1}}}));
-    EXPECT_EQ(counter, 1);
-}
-
 TEST_F(TuningConversionTest, CompositeEntriesFollowThePlainOnes) {
     Tuning tuning("spk2", ENDPOINT_SPEAKER, false);
     tuning.set(REGULATOR_STRESS_AMOUNT, {10, 20});
@@ -95,18 +85,10 @@ TEST_F(TuningConversionTest, CompositeEntriesFollowThePlainOnes) {
                   }));
 }
 
-TEST_F(TuningConversionTest, SibilanceOfOtherBandCountsIsNotPadded) {
+TEST_F(TuningConversionTest, CompositesNeedListsOfOneLengthAndPadOnlyFiveSibilanceBands) {
     Tuning tuning("bt", ENDPOINT_BLUETOOTH, false);
     tuning.set(REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_LEFT, {1, 2, 3});
     tuning.set(REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_RIGHT, {4, 5, 6});
-    int counter = 0;
-    EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
-    EXPECT_EQ(stored("bt"),
-              packed(0, {{kDeviceBluetooth, kyrCode("rssa"), {2, 3, 1, 2, 3, 4, 5, 6}}}));
-}
-
-TEST_F(TuningConversionTest, BandListsOfDifferentLengthsGiveNoComposite) {
-    Tuning tuning("aux", ENDPOINT_AUX_DIGITAL, false);
     tuning.set(COMPLEX_EQUALIZER_TUNING_LEFT, {1, 2});
     tuning.set(COMPLEX_EQUALIZER_TUNING_RIGHT, {3});
     tuning.set(AUDIO_OPTIMIZER_FREQUENCY, {100, 200});
@@ -119,10 +101,14 @@ TEST_F(TuningConversionTest, BandListsOfDifferentLengthsGiveNoComposite) {
     tuning.set(REGULATOR_ENABLE, {1});
     int counter = 0;
     EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
-    EXPECT_EQ(stored("aux"), packed(0, {{kDeviceAuxDigital, kyrCode("aron"), {1}}}));
+    EXPECT_EQ(stored("bt"),
+              packed(0, {{kDeviceBluetooth, kyrCode("aron"), {1}},
+                         {kDeviceBluetooth, kyrCode("rssa"), {2, 3, 1, 2, 3, 4, 5, 6}}}));
 }
-
-TEST_F(TuningConversionTest, SpeakerTuningsFeedTheSpeakerData) {
+TEST_F(TuningConversionTest, OnlySpeakerTuningsFeedTheSpeakerData) {
+    Tuning other("speaker2", ENDPOINT_SPEAKER, true);
+    other.set(OUTPUT_MIX_MATRIX, {1});
+    other.set(VIRTUALIZER_FRONT_SPEAKER_ANGLE, {10});
     Tuning first("speaker", ENDPOINT_SPEAKER, true);
     first.set(VIRTUALIZER_SURROUND_SPEAKER_ANGLE, {30, 31});
     first.set(VIRTUALIZER_FRONT_SPEAKER_ANGLE, {10});
@@ -133,11 +119,16 @@ TEST_F(TuningConversionTest, SpeakerTuningsFeedTheSpeakerData) {
     second.set(OUTPUT_MIX_MATRIX, {4});
     int counter = 0;
 
+    EXPECT_TRUE(mConversion.convertTuning(&other, counter));
+    EXPECT_FALSE(mSpeaker.mono);
+    EXPECT_EQ(mSpeaker.frontAngle, -1);
+    EXPECT_TRUE(mSpeaker.outputMixMatrix.empty());
+
     EXPECT_TRUE(mConversion.convertTuning(&first, counter));
     EXPECT_TRUE(mSpeaker.mono);
     EXPECT_EQ(mSpeaker.outputMixMatrix, (std::vector<int32_t>{1, 0, 1}));
+    // A second speaker tuning adds its matrix behind the first's.
     mConversion.setCommonSpeakerParams(&second);
-
     EXPECT_FALSE(mSpeaker.mono);
     EXPECT_EQ(mSpeaker.surroundAngle, 30);
     EXPECT_EQ(mSpeaker.heightAngle, 45);
@@ -145,18 +136,6 @@ TEST_F(TuningConversionTest, SpeakerTuningsFeedTheSpeakerData) {
     EXPECT_EQ(mSpeaker.outputMixMatrix, (std::vector<int32_t>{1, 0, 1, 4}));
     EXPECT_EQ(mSpeaker.advancedOutputMixMatrix, std::vector<int32_t>{7});
 }
-
-TEST_F(TuningConversionTest, OtherTuningsLeaveTheSpeakerDataAlone) {
-    Tuning tuning("speaker2", ENDPOINT_SPEAKER, true);
-    tuning.set(OUTPUT_MIX_MATRIX, {1});
-    tuning.set(VIRTUALIZER_FRONT_SPEAKER_ANGLE, {10});
-    int counter = 0;
-    EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
-    EXPECT_FALSE(mSpeaker.mono);
-    EXPECT_EQ(mSpeaker.frontAngle, -1);
-    EXPECT_TRUE(mSpeaker.outputMixMatrix.empty());
-}
-
 TEST_F(TuningConversionTest, TuningBeyondItsRoomIsRefusedAndNotStored) {
     Tuning tuning("big", ENDPOINT_HEADPHONE, false);
     // Header, entry header and 1096 values: one word too many.
