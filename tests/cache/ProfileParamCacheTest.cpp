@@ -1,4 +1,3 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -17,7 +16,6 @@ namespace {
 using testing::dataFile;
 using testing::Entry;
 using testing::LogCapture;
-using ::testing::NiceMock;
 using testing::RecordingEffect;
 using testing::sends;
 
@@ -55,7 +53,7 @@ class ProfileParamCacheTest : public ::testing::Test {
     }
 
     ProfileParamCache mCache;
-    NiceMock<RecordingEffect> mEffect{kCommitResult};
+    RecordingEffect mEffect{kCommitResult};
 };
 
 TEST_F(ProfileParamCacheTest, RecordsTheTuningOfEachEndpointsOwnNameElseDefault) {
