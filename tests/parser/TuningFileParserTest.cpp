@@ -11,9 +11,9 @@
 namespace ovela {
 namespace {
 
-using testing::sampleFile;
 using testing::loadText;
 using testing::LogCapture;
+using testing::sampleFile;
 using testing::textsOf;
 using testing::tuningFile;
 using testing::XmlText;
@@ -116,9 +116,14 @@ TEST(TuningFileParserTest, ElementsWrittenWithoutWhitespaceLoseTheirFirstChild) 
     EXPECT_EQ(log.messages("TuningFileParser", ANDROID_LOG_ERROR), Strings{"name is invalid, 367"});
 }
 
-TEST(TuningFileParserTest, SecondLoadAddsItsEntitiesToTheFirstOnes) {
+TEST(TuningFileParserTest, FailedSecondLoadKeepsTheModelOfTheFirstAndAGoodOneAddsToIt) {
     TuningFileParser parser;
     ASSERT_EQ(loadText(parser, profileFile(1, "movie")), 0);
+    DeviceData* data = parser.getDeviceData();
+    EXPECT_EQ(loadText(parser, "this is not XML"), -22);
+    EXPECT_EQ(parser.getDeviceData(), data);
+    EXPECT_EQ(textsOf(data->getProfiles()), Strings{profileText(1, "movie")});
+
     ASSERT_EQ(loadText(parser, profileFile(2, "music")), 0);
     EXPECT_EQ(textsOf(parser.getDeviceData()->getProfiles()),
               (Strings{profileText(1, "movie"), profileText(2, "music")}));
@@ -126,15 +131,6 @@ TEST(TuningFileParserTest, SecondLoadAddsItsEntitiesToTheFirstOnes) {
     EXPECT_EQ(
         (Strings{parser.getProfileName(1), parser.getProfileName(2), parser.getProfileName(3)}),
         (Strings{"movie", "music", ""}));
-}
-
-TEST(TuningFileParserTest, FailedSecondLoadKeepsTheModelOfTheFirst) {
-    TuningFileParser parser;
-    ASSERT_EQ(loadText(parser, profileFile(1, "movie")), 0);
-    DeviceData* data = parser.getDeviceData();
-    EXPECT_EQ(loadText(parser, "this is not XML"), -22);
-    EXPECT_EQ(parser.getDeviceData(), data);
-    EXPECT_EQ(textsOf(data->getProfiles()), Strings{profileText(1, "movie")});
 }
 
 TEST(TuningFileParserTest, ParseTuningFileReadsTheDocumentAgainBehindTheModel) {
