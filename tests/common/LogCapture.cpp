@@ -31,16 +31,6 @@ const std::vector<LogLine>& LogCapture::lines() const {
     return captured();
 }
 
-std::vector<LogLine> LogCapture::at(int priority) const {
-    std::vector<LogLine> result;
-    for (const LogLine& line : captured()) {
-        if (line.priority == priority) {
-            result.push_back(line);
-        }
-    }
-    return result;
-}
-
 std::vector<std::string> LogCapture::messages(const std::string& tag, int priority) const {
     std::vector<std::string> result;
     for (const LogLine& line : captured()) {
@@ -49,10 +39,6 @@ std::vector<std::string> LogCapture::messages(const std::string& tag, int priori
         }
     }
     return result;
-}
-
-void LogCapture::clear() {
-    captured().clear();
 }
 
 }  // namespace ovela::testing

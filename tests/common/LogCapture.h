@@ -28,11 +28,8 @@ class LogCapture {
     LogCapture& operator=(const LogCapture&) = delete;
 
     const std::vector<LogLine>& lines() const;
-    // Lines of one priority (ANDROID_LOG_ERROR, ANDROID_LOG_DEBUG, ...).
-    std::vector<LogLine> at(int priority) const;
-    // Messages of one tag and priority, in order.
+    // Messages of one tag and priority (ANDROID_LOG_ERROR, ...), in order.
     std::vector<std::string> messages(const std::string& tag, int priority) const;
-    void clear();
 
   private:
     int mPreviousMinimumPriority;

@@ -37,7 +37,7 @@ TEST(PresetReaderTest, IeqPresetTypeIsTheFirstWordFoundInItsId) {
               (Strings{"id=-1\ntype=balanced\n" + bands, "id=-1\ntype=balanced\n" + bands,
                        "id=-1\ntype=detailed\n" + bands, "id=-1\ntype=off\n" + bands,
                        "id=-1\ntype=warm\n" + bands}));
-    EXPECT_TRUE(log.at(ANDROID_LOG_ERROR).empty());
+    EXPECT_TRUE(log.messages("TuningFileParser", ANDROID_LOG_ERROR).empty());
 }
 
 TEST(PresetReaderTest, IeqRowsEndAtTheFirstElementWithAnotherName) {

@@ -39,7 +39,7 @@ TEST(ProfileReaderTest, ProfileReadsItsIdNamePresetAndParameters) {
                       "ieq_enable=1,\nmi_qv_leveler_steering_enable=1,\n"
                       "reverb_suppression_amount=-3,\nvolume_modeler_enable=0,\n"});
     EXPECT_TRUE(parser.getDeviceData()->getProfileEndpoints().empty());
-    EXPECT_TRUE(log.at(ANDROID_LOG_ERROR).empty());
+    EXPECT_TRUE(log.messages("TuningFileParser", ANDROID_LOG_ERROR).empty());
 }
 
 TEST(ProfileReaderTest, ProfilesWithTheSameIdAreBothKeptAndTheLaterNameWins) {

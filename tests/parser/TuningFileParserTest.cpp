@@ -149,7 +149,7 @@ TEST(TuningFileParserTest, ReferenceTuningFileLoadsWhole) {
     LogCapture log;
     TuningFileParser parser(sampleFile());
     ASSERT_NE(parser.getDeviceData(), nullptr);
-    EXPECT_TRUE(log.at(ANDROID_LOG_ERROR).empty());
+    EXPECT_TRUE(log.messages("TuningFileParser", ANDROID_LOG_ERROR).empty());
     DeviceData& data = *parser.getDeviceData();
     EXPECT_EQ(data.getFormatVersion() + " " + data.getToolVersion(), "1.4.0 2.11.3");
 
