@@ -50,7 +50,9 @@ TEST(EntityTest, IeqPresetCarriesItsTypeAsIeqIdAndIsDirty) {
     EXPECT_EQ(preset.getId(), 7);
     EXPECT_TRUE(preset.isDirty());
     EXPECT_EQ(preset.values.at(IEQ_ID), std::vector<int>{3});
-    EXPECT_EQ(preset.toString(), "id=7\ntype=warm\n");
+    // The type is printed in the header; ieq_id is never printed.
+    preset.set(IEQ_TARGET, {5});
+    EXPECT_EQ(preset.toString(), "id=7\ntype=warm\nieq_target=5,\n");
 }
 
 TEST(EntityTest, TuningSetEndpointAcceptsOnlyTheThreeTuningEndpoints) {

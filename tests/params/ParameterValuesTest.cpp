@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "GeqPreset.h"
-#include "IeqPreset.h"
 #include "Profile.h"
 
 namespace ovela {
@@ -39,13 +38,6 @@ TEST(ParameterValuesTest, ValuesToStringListsInValueOrderWithTrailingCommas) {
               "mi_qv_leveler_steering_enable=2,\n"
               "mi_ieq_steering_enable=3,\n"
               "volume_modeler_enable=1,\n");
-}
-
-TEST(ParameterValuesTest, IeqIdIsNeverPrinted) {
-    IeqPreset preset(PRESET_TYPE_WARM);
-    EXPECT_EQ(preset.valuesToString(), "");
-    preset.set(IEQ_TARGET, {5});
-    EXPECT_EQ(preset.valuesToString(), "ieq_target=5,\n");
 }
 
 }  // namespace
