@@ -45,26 +45,26 @@ TEST(ParamCodesTest, CodesFollowTheParameterValues) {
     EXPECT_EQ(uncoded, 29u);
 }
 
-TEST(ComposeParamsTest, WritesOneEntryPerCodedParameterInParameterOrder) {
+// Parameters without a code (output_mix_matrix, complex_equalizer_tuning_left)
+// or without values yield nothing.
+TEST(ComposeParamsTest, WritesOneEntryPerCodedParameterWithValuesInParameterOrder) {
     Profile profile(2, "music", PRESET_TYPE_WARM);
     profile.set(VOLUME_MODELER_ENABLE, {0});
     profile.set(IEQ_ENABLE, {1});
     profile.set(CUSTOM_DRC_METADATA, {7, -8, 9});
+    profile.set(OUTPUT_MIX_MATRIX, {1, 0, 0, 1});
+    profile.set(COMPLEX_EQUALIZER_TUNING_LEFT, {1, 2});
+    profile.set(BASS_ENHANCER_BOOST, {});
     int written = 0;
     EXPECT_EQ(composed(profile, kDeviceAll, &written),
               packed(0, {{kDeviceAll, kyrCode("drcm"), {7, -8, 9}},
                          {kDeviceAll, kyrCode("ieon"), {1}},
                          {kDeviceAll, kyrCode("qvme"), {0}}}));
     EXPECT_EQ(written, 14);
-}
 
-TEST(ComposeParamsTest, ParametersWithoutCodeOrValuesYieldNothing) {
-    Tuning tuning("t", ENDPOINT_USB, false);
-    tuning.set(OUTPUT_MIX_MATRIX, {1, 0, 0, 1});
-    tuning.set(COMPLEX_EQUALIZER_TUNING_LEFT, {1, 2});
-    tuning.set(BASS_ENHANCER_BOOST, {});
-    int written = -1;
-    EXPECT_EQ(composed(tuning, kDeviceUsb, &written), packed(0, {}));
+    Tuning uncoded("t", ENDPOINT_USB, false);
+    uncoded.set(OUTPUT_MIX_MATRIX, {1, 0, 0, 1});
+    EXPECT_EQ(composed(uncoded, kDeviceUsb, &written), packed(0, {}));
     EXPECT_EQ(written, 0);
 }
 

@@ -136,22 +136,5 @@ TEST_F(TuningConversionTest, OnlySpeakerTuningsFeedTheSpeakerData) {
     EXPECT_EQ(mSpeaker.outputMixMatrix, (std::vector<int32_t>{1, 0, 1, 4}));
     EXPECT_EQ(mSpeaker.advancedOutputMixMatrix, std::vector<int32_t>{7});
 }
-TEST_F(TuningConversionTest, TuningBeyondItsRoomIsRefusedAndNotStored) {
-    Tuning tuning("big", ENDPOINT_HEADPHONE, false);
-    // Header, entry header and 1096 values: one word too many.
-    tuning.set(BASS_MBDRC_TUNING, std::vector<int>(1096, 1));
-    int counter = 2;
-    LogCapture log;
-    EXPECT_FALSE(mConversion.convertTuning(&tuning, counter));
-    EXPECT_EQ(counter, 2);
-    EXPECT_EQ(mTables.getTuningSize("big"), 0u);
-    EXPECT_EQ(log.messages(kTag, ANDROID_LOG_ERROR),
-              std::vector<std::string>{"convertTuning() tuning big does not fit in 1100 words"});
-
-    tuning.set(BASS_MBDRC_TUNING, std::vector<int>(1095, 1));
-    EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
-    EXPECT_EQ(mTables.getTuningSize("big"), 1100u * 4);
-}
-
 }  // namespace
 }  // namespace ovela
