@@ -23,20 +23,25 @@ std::string ieqPreset(const std::string& attributes) {
     return preset(attributes, R"(<band_ieq frequency="100" target="1"/>)");
 }
 
-TEST(PresetReaderTest, IeqPresetTypeIsTheFirstWordFoundInItsId) {
+// Types that are not exactly "ieq" or "geq" create nothing and the read goes on.
+TEST(PresetReaderTest, IeqPresetTypeIsTheFirstWordFoundInItsIdAndOtherTypesCreateNothing) {
     LogCapture log;
     TuningFileParser parser;
-    ASSERT_EQ(loadText(parser, tuningFile(ieqPreset(R"(type="ieq" id="detailed_balanced")") +
-                                          ieqPreset(R"(id="ieq_warm" type="ieq")") +
-                                          ieqPreset(R"(type="ieq" id="coffee")") +
-                                          ieqPreset(R"(type="ieq" id="Warm")") +
-                                          ieqPreset(R"(type="ieq")"))),
-              0);
+    ASSERT_EQ(
+        loadText(parser,
+                 tuningFile(ieqPreset(R"(type="IEQ" id="ieq_warm")") +
+                            ieqPreset(R"(type="" id="ieq_warm")") + ieqPreset(R"(id="ieq_warm")") +
+                            ieqPreset(R"(type="ieq" id="detailed_balanced")") +
+                            ieqPreset(R"(id="ieq_warm" type="ieq")") +
+                            ieqPreset(R"(type="ieq" id="coffee")") +
+                            ieqPreset(R"(type="ieq" id="Warm")") + ieqPreset(R"(type="ieq")"))),
+        0);
     const std::string bands = "ieq_frequency=100,\nieq_target=1,\n";
     EXPECT_EQ(textsOf(parser.getDeviceData()->getIeqPresets()),
               (Strings{"id=-1\ntype=balanced\n" + bands, "id=-1\ntype=balanced\n" + bands,
                        "id=-1\ntype=detailed\n" + bands, "id=-1\ntype=off\n" + bands,
                        "id=-1\ntype=warm\n" + bands}));
+    EXPECT_TRUE(parser.getDeviceData()->getGeqPresets().empty());
     EXPECT_TRUE(log.messages("TuningFileParser", ANDROID_LOG_ERROR).empty());
 }
 
@@ -63,18 +68,6 @@ TEST(PresetReaderTest, GeqPresetTakesEveryRowAndReadsItsIdAsANumber) {
     EXPECT_EQ(textsOf(parser.getDeviceData()->getGeqPresets()),
               (Strings{"id=-1\nprofileId=0\ngeq_frequency=100,1000,\ngeq_gain=0,5,\n",
                        "id=-1\nprofileId=7\ngeq_frequency=50,\ngeq_gain=-4,\n"}));
-}
-
-TEST(PresetReaderTest, UnknownPresetTypesCreateNothingAndTheReadGoesOn) {
-    TuningFileParser parser;
-    ASSERT_EQ(loadText(parser, tuningFile(ieqPreset(R"(type="IEQ" id="ieq_warm")") +
-                                          ieqPreset(R"(type="" id="ieq_warm")") +
-                                          ieqPreset(R"(id="ieq_warm")") +
-                                          ieqPreset(R"(type="ieq" id="ieq_warm")"))),
-              0);
-    EXPECT_EQ(textsOf(parser.getDeviceData()->getIeqPresets()),
-              Strings{"id=-1\ntype=warm\nieq_frequency=100,\nieq_target=1,\n"});
-    EXPECT_TRUE(parser.getDeviceData()->getGeqPresets().empty());
 }
 
 TEST(PresetReaderTest, PresetWithoutBandsFailsTheWholeLoad) {
