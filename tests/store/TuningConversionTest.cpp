@@ -54,17 +54,18 @@ TEST_F(TuningConversionTest, PlainEntriesCarryTheEndpointDeviceAndTheOrdinal) {
     EXPECT_EQ(log.messages(kTag, ANDROID_LOG_DEBUG),
               std::vector<std::string>{"add the tuning table: tuning=hp, paramNum=6, size=24"});
 }
+
 TEST_F(TuningConversionTest, CompositeEntriesFollowThePlainOnes) {
     Tuning tuning("spk2", ENDPOINT_SPEAKER, false);
     tuning.set(REGULATOR_STRESS_AMOUNT, {10, 20});
-    tuning.set(COMPLEX_EQUALIZER_TUNING_LEFT, {1, 2});
-    tuning.set(COMPLEX_EQUALIZER_TUNING_RIGHT, {3, 4});
+    tuning.set(COMPLEX_EQUALIZER_TUNING_LEFT, {1, 2, 3});
+    tuning.set(COMPLEX_EQUALIZER_TUNING_RIGHT, {4, 5, 6});
     tuning.set(COMPLEX_EQUALIZER_TUNING_LEFT_SURROUND, {9, 9});
     tuning.set(REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_LEFT, {1, 2, 3, 4, 5});
     tuning.set(REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_RIGHT, {6, 7, 8, 9, 10});
-    tuning.set(AUDIO_OPTIMIZER_FREQUENCY, {100, 200});
-    tuning.set(AUDIO_OPTIMIZER_GAIN_L, {-1, -2});
-    tuning.set(AUDIO_OPTIMIZER_GAIN_R, {-3, -4});
+    tuning.set(AUDIO_OPTIMIZER_FREQUENCY, {100, 200, 300});
+    tuning.set(AUDIO_OPTIMIZER_GAIN_L, {-1, -2, -3});
+    tuning.set(AUDIO_OPTIMIZER_GAIN_R, {-4, -5, -6});
     tuning.set(AUDIO_OPTIMIZER_GAIN_LS, {5, 5});
     tuning.set(REGULATOR_FREQUENCY, {50});
     tuning.set(REGULATOR_THRESHOLD_LOW, {-30});
@@ -75,14 +76,15 @@ TEST_F(TuningConversionTest, CompositeEntriesFollowThePlainOnes) {
     EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
     EXPECT_EQ(
         stored("spk2"),
-        packed(0, {
-                      {kDeviceSpeaker, kyrCode("arsa"), {10, 20}},
-                      {kDeviceSpeaker, kyrCode("ceqt"), {2, 2, 1, 2, 3, 4}},
-                      {kDeviceSpeaker, kyrCode("rssa"), {2, 6, 0, 1, 2, 3, 4, 5, 0, 6, 7, 8, 9, 10}},
-                      {kDeviceSpeaker, kyrCode("aobs"), {2, 2, 100, 200, -1, -2, -3, -4}},
-                      {kDeviceSpeaker, kyrCode("arsa"), {2, 10, 20}},
-                      {kDeviceSpeaker, kyrCode("arbs"), {1, 50, -30, -10, 1}},
-                  }));
+        packed(0,
+               {
+                   {kDeviceSpeaker, kyrCode("arsa"), {10, 20}},
+                   {kDeviceSpeaker, kyrCode("ceqt"), {2, 3, 1, 2, 3, 4, 5, 6}},
+                   {kDeviceSpeaker, kyrCode("rssa"), {2, 6, 0, 1, 2, 3, 4, 5, 0, 6, 7, 8, 9, 10}},
+                   {kDeviceSpeaker, kyrCode("aobs"), {3, 2, 100, 200, 300, -1, -2, -3, -4, -5, -6}},
+                   {kDeviceSpeaker, kyrCode("arsa"), {2, 10, 20}},
+                   {kDeviceSpeaker, kyrCode("arbs"), {1, 50, -30, -10, 1}},
+               }));
 }
 
 TEST_F(TuningConversionTest, CompositesNeedListsOfOneLengthAndPadOnlyFiveSibilanceBands) {
@@ -105,6 +107,7 @@ TEST_F(TuningConversionTest, CompositesNeedListsOfOneLengthAndPadOnlyFiveSibilan
               packed(0, {{kDeviceBluetooth, kyrCode("aron"), {1}},
                          {kDeviceBluetooth, kyrCode("rssa"), {2, 3, 1, 2, 3, 4, 5, 6}}}));
 }
+
 TEST_F(TuningConversionTest, OnlySpeakerTuningsFeedTheSpeakerData) {
     Tuning other("speaker2", ENDPOINT_SPEAKER, true);
     other.set(OUTPUT_MIX_MATRIX, {1});
