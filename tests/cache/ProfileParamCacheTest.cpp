@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -16,6 +17,7 @@ namespace {
 using testing::dataFile;
 using testing::Entry;
 using testing::LogCapture;
+using ::testing::NiceMock;
 using testing::RecordingEffect;
 using testing::sends;
 
@@ -53,7 +55,7 @@ class ProfileParamCacheTest : public ::testing::Test {
     }
 
     ProfileParamCache mCache;
-    RecordingEffect mEffect{kCommitResult};
+    NiceMock<RecordingEffect> mEffect{kCommitResult};
 };
 
 TEST_F(ProfileParamCacheTest, RecordsTheTuningOfEachEndpointsOwnNameElseDefault) {

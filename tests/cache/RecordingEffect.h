@@ -1,6 +1,8 @@
 #ifndef OVELA_TESTS_RECORDING_EFFECT_H
 #define OVELA_TESTS_RECORDING_EFFECT_H
 
+#include <gmock/gmock.h>
+
 #include <cstdint>
 #include <ostream>
 #include <vector>
@@ -60,21 +62,21 @@ inline std::vector<EffectCall> operator+(std::vector<EffectCall> a,
 // `commitResult`.
 class RecordingEffect : public IEffectKyr {
   public:
-    explicit RecordingEffect(int commitResult) : mCommitResult(commitResult) {}
-
-    void setParameter(int device, KyrParameterId code, const int* values, int count) override {
-        calls.push_back({false, {device, code, std::vector<int32_t>(values, values + count)}});
+    explicit RecordingEffect(int commitResult) {
+        ON_CALL(*this, setParameter).WillByDefault([this](int device, KyrParameterId code, const int* values, int count) {
+            calls.push_back({false, {device, code, std::vector<int32_t>(values, values + count)}});
+        });
+        ON_CALL(*this, commitParameters).WillByDefault([this, commitResult](int device) {
+            calls.push_back({true, {device, 0, {}}});
+            return commitResult;
+        });
     }
 
-    int commitParameters(int device) override {
-        calls.push_back({true, {device, 0, {}}});
-        return mCommitResult;
-    }
+    MOCK_METHOD(void, setParameter, (int device, KyrParameterId code, const int* values, int count),
+                (override));
+    MOCK_METHOD(int, commitParameters, (int device), (override));
 
     std::vector<EffectCall> calls;
-
-  private:
-    int mCommitResult;
 };
 
 }  // namespace ovela::testing

@@ -19,6 +19,7 @@ namespace {
 using testing::EffectCall;
 using testing::entriesOf;
 using testing::Entry;
+using ::testing::NiceMock;
 using testing::profileWords;
 using testing::RecordingEffect;
 using testing::sampleFile;
@@ -73,7 +74,7 @@ TEST_F(SampleTuningFileTest, EveryProfileReachesTheEffect) {
     ASSERT_FALSE(recordedTunings.empty());
     for (OvlProfileId profile = -1; profile <= 9; ++profile) {
         SCOPED_TRACE("profile " + std::to_string(profile));
-        RecordingEffect effect(kCommitResult);
+        NiceMock<RecordingEffect> effect(kCommitResult);
         std::vector<int32_t> words = profileWords(mStore, profile);
         ASSERT_GT(words.size(), 2u);
         EXPECT_EQ(sorted(entriesOf(words)), sorted(entriesOf(profileWords(mReference, profile))));
@@ -95,7 +96,7 @@ TEST_F(SampleTuningFileTest, EveryTuningCanBeSelectedForItsEndpoint) {
         }
         Endpoint endpoint = tuning->getEndpoint();
         EXPECT_THAT(listedTunings(mStore, endpoint), ::testing::HasSubstr(" " + name + " "));
-        RecordingEffect effect(kCommitResult);
+        NiceMock<RecordingEffect> effect(kCommitResult);
         std::vector<int32_t> words = tuningWords(mStore, name);
         ASSERT_GT(words.size(), 2u) << name;
         EXPECT_EQ(entriesOf(words), entriesOf(tuningWords(mReference, name))) << name;
