@@ -46,9 +46,9 @@ ArrayWalk walkPackedArray(void* data, size_t size) {
     walk.count = parser.getParamCount();
     walk.bytesUsed = 2 * sizeof(int32_t);
     while (parser.next()) {
+        require(parser.getValueCount() >= 0, "an entry has a negative value count");
         const auto* values = reinterpret_cast<const uint8_t*>(parser.getValues());
         const size_t valueBytes = static_cast<size_t>(parser.getValueCount()) * sizeof(int32_t);
-        require(parser.getValueCount() >= 0, "an entry has a negative value count");
         require(values >= begin && values + valueBytes <= begin + size,
                 "an entry's values lie outside the array");
         for (size_t offset = 0; offset < valueBytes; offset += sizeof(int32_t)) {
