@@ -35,32 +35,43 @@ struct ArrayCopy {
     uint32_t size = 0;
 };
 
-// Copies an array whose size `sizeOf` gives and whose contents `fetch` writes.
+// Copies an array with `copy`, which writes it only when it fits the buffer
+// and returns its size either way. A reload by another thread may change the
+// size between two calls; the buffer then grows and the copy is asked again.
 // False when no buffer could be allocated; an unknown array copies as empty.
-template <typename SizeOf, typename Fetch>
-bool copyArray(SizeOf sizeOf, Fetch fetch, ArrayCopy* copy) {
-    copy->size = sizeOf();
-    if (copy->size == 0) {
-        return true;
+template <typename Copy>
+bool copyArray(Copy copy, ArrayCopy* out) {
+    uint32_t size = copy(nullptr, 0);
+    while (size != 0) {
+        out->data.reset(malloc(size));
+        if (out->data == nullptr) {
+            return false;
+        }
+        uint32_t copied = copy(out->data.get(), size);
+        bool fitted = copied <= size;
+        size = copied;
+        if (fitted) {
+            break;
+        }
     }
-    copy->data.reset(malloc(copy->size));
-    if (copy->data == nullptr) {
-        return false;
-    }
-    fetch(copy->data.get());
+    out->size = size;
     return true;
 }
 
 bool copyProfile(OvlProfileId profile, ArrayCopy* copy) {
     ProfileParamArray& store = ProfileParamArray::getInstance();
-    return copyArray([&] { return store.getProfileParamsSize(profile); },
-                     [&](void* out) { store.getProfileParams(profile, out); }, copy);
+    return copyArray(
+        [&](void* out, uint32_t capacity) {
+            return store.copyProfileParams(profile, out, capacity);
+        },
+        copy);
 }
 
 bool copyTuning(const std::string& tuning, ArrayCopy* copy) {
     ProfileParamArray& store = ProfileParamArray::getInstance();
-    return copyArray([&] { return store.getTuningParamsSize(tuning); },
-                     [&](void* out) { store.getTuningParams(tuning, out); }, copy);
+    return copyArray(
+        [&](void* out, uint32_t capacity) { return store.copyTuningParams(tuning, out, capacity); },
+        copy);
 }
 
 // Calls `visit` with every entry of the array, in order, once the whole array

@@ -122,6 +122,25 @@ uint32_t ProfileParamArray::getTuningParamsSize(std::string tuning) {
     return mTables.getTuningSize(tuning);
 }
 
+uint32_t ProfileParamArray::copyProfileParams(OvlProfileId profile, void* out, uint32_t capacity) {
+    android::Mutex::Autolock lock(mLock);
+    uint32_t size = mTables.getProfileSize(profile);
+    if (size <= capacity) {
+        copyArray(mTables.getProfileArray(profile), size, out);
+    }
+    return size;
+}
+
+uint32_t ProfileParamArray::copyTuningParams(const std::string& tuning, void* out,
+                                             uint32_t capacity) {
+    android::Mutex::Autolock lock(mLock);
+    uint32_t size = mTables.getTuningSize(tuning);
+    if (size <= capacity) {
+        copyArray(mTables.getTuningArray(tuning), size, out);
+    }
+    return size;
+}
+
 uint32_t ProfileParamArray::getAvailableTuningDevicesLen(Endpoint endpoint) {
     android::Mutex::Autolock lock(mLock);
     std::vector<std::string> names = tuningsOf(mTables, endpoint);

@@ -46,6 +46,13 @@ class ProfileParamArray : public android::Singleton<ProfileParamArray> {
     uint32_t getProfileParamsSize(OvlProfileId profile);
     int getTuningParams(std::string tuning, void* out);
     uint32_t getTuningParamsSize(std::string tuning);
+    // Copy the array into `out` only when it fits in `capacity` bytes, and
+    // return its size either way (0 for an unknown profile or tuning). Between
+    // a size query and a copy another thread may reload the store; a caller
+    // that sees a size above its capacity grows its buffer and asks again,
+    // where the copies above would run past the buffer.
+    uint32_t copyProfileParams(OvlProfileId profile, void* out, uint32_t capacity);
+    uint32_t copyTuningParams(const std::string& tuning, void* out, uint32_t capacity);
 
     // Bytes that getAvailableTuningDevices() writes for `endpoint`.
     uint32_t getAvailableTuningDevicesLen(Endpoint endpoint);

@@ -220,6 +220,27 @@ TEST(ProfileParamArrayTest, QueriesRefuseANullBufferAndCopyNothingForUnknownKeys
               (std::vector<int32_t>{out[0], 1, kDeviceBluetooth, kyrCode("beb"), 1, 3, -1, -1}));
 }
 
+TEST(ProfileParamArrayTest, BoundedCopiesWriteOnlyWhatFitsAndAlwaysTellTheSize) {
+    ProfileParamArray store(dataFile("store-arrays.xml"));
+    const std::vector<int32_t> c = tuningWords(store, "c");
+    const std::vector<int32_t> general = profileWords(store, -1);
+    const uint32_t cSize = static_cast<uint32_t>(c.size() * sizeof(int32_t));
+    const uint32_t generalSize = static_cast<uint32_t>(general.size() * sizeof(int32_t));
+
+    std::vector<int32_t> out(c.size(), -1);
+    EXPECT_EQ(store.copyTuningParams("c", out.data(), cSize - 1), cSize);
+    EXPECT_EQ(out, std::vector<int32_t>(c.size(), -1));
+    EXPECT_EQ(store.copyTuningParams("c", out.data(), cSize), cSize);
+    EXPECT_EQ(out, c);
+
+    out.assign(general.size(), -1);
+    EXPECT_EQ(store.copyProfileParams(-1, out.data(), generalSize - 4), generalSize);
+    EXPECT_EQ(out, std::vector<int32_t>(general.size(), -1));
+    EXPECT_EQ(store.copyProfileParams(-1, out.data(), generalSize + 4), generalSize);
+    EXPECT_EQ(out, general);
+    EXPECT_EQ(store.copyProfileParams(42, nullptr, 0) + store.copyTuningParams("x", nullptr, 0), 0u);
+}
+
 TEST(ProfileParamArrayTest, Profile8KeepsTheRenderingConfigThatTheFileGives) {
     TempFile file(tuningFile(
         profile(8, endpoint("usb",
