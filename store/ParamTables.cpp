@@ -6,95 +6,81 @@ namespace ovela {
 
 namespace {
 
-// Stores `array` under `key`, freeing the array that it replaces.
-template <typename Key>
-void replaceArray(android::DefaultKeyedVector<Key, int32_t*>& table, const Key& key,
-                  int32_t* array) {
-    free(table.valueFor(key));
-    table.add(key, array);
+// Stores `stored` under `key`, freeing the array that it replaces.
+template <typename Key, typename Stored>
+void replace(android::DefaultKeyedVector<Key, Stored>& table, const Key& key, const Stored& stored) {
+    free(table.valueFor(key).words);
+    table.add(key, stored);
+}
+
+template <typename Key, typename Stored>
+void freeAll(android::DefaultKeyedVector<Key, Stored>& table) {
+    for (size_t i = 0; i < table.size(); ++i) {
+        free(table.valueAt(i).words);
+    }
+    table.clear();
 }
 
 }  // namespace
 
-ParamTables::ParamTables()
-    : mProfileArrays(nullptr),
-      mProfileSizes(0),
-      mTuningArrays(nullptr),
-      mTuningSizes(0),
-      mTuningEndpoints(ENDPOINT_SPEAKER) {}
+ParamTables::ParamTables() : mProfiles(StoredArray()), mTunings(StoredArray()) {}
 
 ParamTables::~ParamTables() {
     clear();
 }
 
 void ParamTables::addProfile(OvlProfileId profile, int32_t* array, uint32_t size) {
-    replaceArray(mProfileArrays, profile, array);
-    mProfileSizes.add(profile, size);
+    replace(mProfiles, profile, StoredArray{array, size, ENDPOINT_SPEAKER});
 }
 
 void ParamTables::addTuning(const std::string& name, int32_t* array, uint32_t size,
                             Endpoint endpoint) {
-    replaceArray(mTuningArrays, name, array);
-    mTuningSizes.add(name, size);
-    mTuningEndpoints.add(name, endpoint);
+    replace(mTunings, name, StoredArray{array, size, endpoint});
 }
 
 void ParamTables::takeFrom(ParamTables& other) {
-    for (size_t i = 0; i < other.mProfileArrays.size(); ++i) {
-        OvlProfileId profile = other.mProfileArrays.keyAt(i);
-        addProfile(profile, other.mProfileArrays.valueAt(i), other.mProfileSizes.valueFor(profile));
+    for (size_t i = 0; i < other.mProfiles.size(); ++i) {
+        replace(mProfiles, other.mProfiles.keyAt(i), other.mProfiles.valueAt(i));
     }
-    for (size_t i = 0; i < other.mTuningArrays.size(); ++i) {
-        const std::string& name = other.mTuningArrays.keyAt(i);
-        addTuning(name, other.mTuningArrays.valueAt(i), other.mTuningSizes.valueFor(name),
-                  other.mTuningEndpoints.valueFor(name));
+    for (size_t i = 0; i < other.mTunings.size(); ++i) {
+        replace(mTunings, other.mTunings.keyAt(i), other.mTunings.valueAt(i));
     }
     // The arrays belong to these tables now.
-    other.mProfileArrays.clear();
-    other.mTuningArrays.clear();
-    other.clear();
+    other.mProfiles.clear();
+    other.mTunings.clear();
 }
 
 const int32_t* ParamTables::getProfileArray(OvlProfileId profile) const {
-    return mProfileArrays.valueFor(profile);
+    return mProfiles.valueFor(profile).words;
 }
 
 uint32_t ParamTables::getProfileSize(OvlProfileId profile) const {
-    return mProfileSizes.valueFor(profile);
+    return mProfiles.valueFor(profile).size;
 }
 
 const int32_t* ParamTables::getTuningArray(const std::string& name) const {
-    return mTuningArrays.valueFor(name);
+    return mTunings.valueFor(name).words;
 }
 
 uint32_t ParamTables::getTuningSize(const std::string& name) const {
-    return mTuningSizes.valueFor(name);
+    return mTunings.valueFor(name).size;
 }
 
 Endpoint ParamTables::getTuningEndpoint(const std::string& name) const {
-    return mTuningEndpoints.valueFor(name);
+    return mTunings.valueFor(name).endpoint;
 }
 
 size_t ParamTables::getTuningCount() const {
-    return mTuningArrays.size();
+    return mTunings.size();
 }
 
 const std::string& ParamTables::getTuningNameAt(size_t index) const {
-    return mTuningArrays.keyAt(index);
+    return mTunings.keyAt(index);
 }
 
 void ParamTables::clear() {
-    for (size_t i = 0; i < mProfileArrays.size(); ++i) {
-        free(mProfileArrays.valueAt(i));
-    }
-    for (size_t i = 0; i < mTuningArrays.size(); ++i) {
-        free(mTuningArrays.valueAt(i));
-    }
-    mProfileArrays.clear();
-    mProfileSizes.clear();
-    mTuningArrays.clear();
-    mTuningSizes.clear();
-    mTuningEndpoints.clear();
+    freeAll(mProfiles);
+    freeAll(mTunings);
 }
 
 }  // namespace ovela

@@ -41,13 +41,18 @@ class ParamTables {
     const std::string& getTuningNameAt(size_t index) const;
 
   private:
+    // One array with its size; a tuning's also with its endpoint. Keeping the
+    // three together stores each tuning's name once.
+    struct StoredArray {
+        int32_t* words = nullptr;
+        uint32_t size = 0;
+        Endpoint endpoint = ENDPOINT_SPEAKER;
+    };
+
     void clear();
 
-    android::DefaultKeyedVector<OvlProfileId, int32_t*> mProfileArrays;
-    android::DefaultKeyedVector<OvlProfileId, uint32_t> mProfileSizes;
-    android::DefaultKeyedVector<std::string, int32_t*> mTuningArrays;
-    android::DefaultKeyedVector<std::string, uint32_t> mTuningSizes;
-    android::DefaultKeyedVector<std::string, Endpoint> mTuningEndpoints;
+    android::DefaultKeyedVector<OvlProfileId, StoredArray> mProfiles;
+    android::DefaultKeyedVector<std::string, StoredArray> mTunings;
 };
 
 }  // namespace ovela
