@@ -6,7 +6,7 @@
 #include <libxml/tree.h>
 #include <log/log.h>
 
-#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <iterator>
 #include <utility>
@@ -208,12 +208,18 @@ std::vector<int> TuningFileParser::parseDataRow(xmlNode* element) {
     }
     std::string text = xml::valueOf(first);
     // Runs of commas separate like one, so empty fields do not exist. A field
-    // that holds no number repeats the value before it (0 at the start).
+    // that holds no number repeats the value before it (0 at the start). A
+    // field reads as sscanf's "%d" reads it: strtol's long cast to int, which
+    // keeps the low 32 bits of a number past the int's range.
     int value = 0;
     char* rest = nullptr;
     for (char* field = strtok_r(text.data(), ",", &rest); field != nullptr;
          field = strtok_r(nullptr, ",", &rest)) {
-        sscanf(field, "%d", &value);
+        char* end = nullptr;
+        const long number = strtol(field, &end, 10);
+        if (end != field) {
+            value = static_cast<int>(number);
+        }
         row.push_back(value);
     }
     return row;

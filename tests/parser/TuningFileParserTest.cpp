@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <climits>
 #include <utility>
 
 #include "LogCapture.h"
@@ -88,6 +89,14 @@ TEST(TuningFileParserTest, DataRowSkipsEmptyFieldsAndRepeatsUnreadableOnes) {
         rows.push_back(TuningFileParser::parseDataRow(node));
     }
     EXPECT_EQ(rows, (std::vector<std::vector<int>>{{5, 5, 7}, {0, 3}, {12, 4, -2}, {}, {}, {1}}));
+}
+
+// As sscanf's "%d" reads them: the number as a long, saturated past the long's
+// range, then cast to int.
+TEST(TuningFileParserTest, DataRowNumbersPastTheRangeWrapAsSscanfReadsThem) {
+    XmlText xml(R"(<r data="99999999999,-99999999999,2147483648,+7,99999999999999999999"/>)");
+    EXPECT_EQ(TuningFileParser::parseDataRow(xml.root()),
+              (std::vector<int>{1215752191, -1215752191, INT_MIN, 7, -1}));
 }
 
 TEST(TuningFileParserTest, ElementsWrittenWithoutWhitespaceLoseTheirFirstChild) {
