@@ -36,13 +36,20 @@ struct NameTable {
     size_t size;
 };
 
+// Whether the table name `entry` is exactly `name`. Most names of a table
+// differ from the one looked up in their first character, which settles them
+// without measuring `entry`.
+constexpr bool isName(const char* entry, std::string_view name) {
+    return (name.empty() || *entry == name.front()) && name == entry;
+}
+
 // The value that `table` holds under exactly `name` (case-sensitive, whole
 // name), or null. Works on a table array and on a NameTable alike.
 template <typename Table>
 constexpr auto findByName(const Table& table, std::string_view name)
     -> decltype(&std::begin(table)->second) {
     for (const auto& entry : table) {
-        if (name == entry.first) {
+        if (isName(entry.first, name)) {
             return &entry.second;
         }
     }
