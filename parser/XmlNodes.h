@@ -6,24 +6,13 @@
 // a file of any shape is walked without reading past what libxml2 built.
 
 #include <libxml/tree.h>
-#include <libxml/xmlmemory.h>
+#include <libxml/xmlstring.h>
 
-#include <memory>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace ovela::xml {
-
-struct XmlStringFree {
-    void operator()(xmlChar* text) const { xmlFree(text); }
-};
-
-// A string that libxml2 allocated, freed on every path out of the caller.
-using XmlString = std::unique_ptr<xmlChar, XmlStringFree>;
-
-inline XmlString getProp(const xmlNode* element, const xmlChar* name) {
-    return XmlString(xmlGetProp(element, name));
-}
 
 inline std::string toString(const xmlChar* text) {
     if (text == nullptr) {
@@ -32,9 +21,31 @@ inline std::string toString(const xmlChar* text) {
     return std::string(reinterpret_cast<const char*>(text), xmlStrlen(text));
 }
 
-// The value of `attribute` as its element gives it through xmlGetProp.
+// The most text that one attribute value may be put together from by its
+// entity references, and the most references it may expand, nested ones
+// included (which also bounds how deep the expansion goes). Tuning files
+// use no entities; the bounds only keep a hostile file from making a few
+// bytes of references cost without end.
+inline constexpr size_t kMaxExpandedValueBytes = 1 << 20;
+inline constexpr int kMaxExpandedReferences = 1024;
+
+// The value of an attribute whose text holds entity references, put together
+// as xmlGetProp does; a value past either bound is logged and read as empty.
+std::string expandedValueOf(const xmlAttr* attribute);
+
+// The value of `attribute` as xmlGetProp(element, name) gives it, read from
+// the tree in place. xmlGetProp finds an attribute by its local name alone,
+// so of two that differ only in their namespace both read as the first.
 inline std::string valueOf(const xmlAttr* attribute) {
-    return toString(getProp(attribute->parent, attribute->name).get());
+    const xmlAttr* namesake = attribute->parent->properties;
+    while (namesake != attribute && !xmlStrEqual(namesake->name, attribute->name)) {
+        namesake = namesake->next;
+    }
+    const xmlNode* text = namesake->children;
+    if (text != nullptr && text->next == nullptr && text->type == XML_TEXT_NODE) {
+        return toString(text->content);
+    }
+    return expandedValueOf(namesake);
 }
 
 inline std::string_view nameOf(const xmlNode* node) {

@@ -99,6 +99,42 @@ TEST(TuningFileParserTest, DataRowNumbersPastTheRangeWrapAsSscanfReadsThem) {
               (std::vector<int>{1215752191, -1215752191, INT_MIN, 7, -1}));
 }
 
+TEST(TuningFileParserTest, EntityReferencesInAValueReadAsTheirText) {
+    XmlText xml(R"(<!DOCTYPE s [<!ENTITY gain "-96"> <!ENTITY row "1,&gain;">]>)"
+                R"(<s><a value="&gain;"/><b data="&row;,4"/></s>)");
+    xmlNode* first = xml.root()->children;
+    EXPECT_EQ(TuningFileParser::getNodeValue(first), -96);
+    EXPECT_EQ(TuningFileParser::parseDataRow(first->next), (std::vector<int>{1, -96, 4}));
+}
+
+// A value is put together from at most 1024 entity references into at most
+// 1 MiB of text; past either bound it reads as empty, with one line.
+TEST(TuningFileParserTest, ValueExpandedPastItsBoundsReadsAsEmpty) {
+    auto references = [](const std::string& entity, int count) {
+        std::string text;
+        for (int i = 0; i < count; ++i) {
+            text += "&" + entity + ";";
+        }
+        return text;
+    };
+    // 1024 references to "1" and 1023 commas fill both bounds exactly.
+    XmlText xml("<!DOCTYPE s [<!ENTITY k \"1" + std::string(1023, ',') +
+                "\"> <!ENTITY one \"1,\">]>\n<s><full data=\"" + references("k", 1024) +
+                "\"/><longer data=\"" + references("k", 1024) + "2\"/><more data=\"" +
+                references("one", 1025) + "\"/></s>");
+    LogCapture log;
+    std::vector<std::vector<int>> rows;
+    for (xmlNode* node = xml.root()->children; node != nullptr; node = node->next) {
+        rows.push_back(TuningFileParser::parseDataRow(node));
+    }
+    EXPECT_EQ(rows, (std::vector<std::vector<int>>{std::vector<int>(1024, 1), {}, {}}));
+    EXPECT_EQ(log.messages("TuningFileParser", ANDROID_LOG_ERROR),
+              (Strings{"expandedValueOf() data of <longer> passes 1048576 bytes or 1024 entity "
+                       "references: read as empty",
+                       "expandedValueOf() data of <more> passes 1048576 bytes or 1024 entity "
+                       "references: read as empty"}));
+}
+
 TEST(TuningFileParserTest, ElementsWrittenWithoutWhitespaceLoseTheirFirstChild) {
     LogCapture log;
     TuningFileParser parser;

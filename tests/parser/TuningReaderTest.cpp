@@ -113,6 +113,17 @@ TEST(TuningReaderTest, EndpointFallsBackToSpeakerAndMonoNeedsExactlyTrue) {
                        "id=-1\nname=c\nendpoint=speaker\nmono=true\nreadonly=true\n" + lists}));
 }
 
+TEST(TuningReaderTest, AttributesNamedAlikeInTwoNamespacesBothReadAsTheFirst) {
+    TuningFileParser parser;
+    ASSERT_EQ(loadText(parser, tuningFile(R"(<tuning name="t"> <data>
+        <virtual-bass-subgains xmlns:p="urn:p" g="1" p:g="5" p:h="7" h="9"/>
+    </data> </tuning>)")),
+              0);
+    EXPECT_EQ(textsOf(parser.getDeviceData()->getTunings()),
+              Strings{"id=-1\nname=t\nendpoint=speaker\nmono=false\nreadonly=true\n" +
+                      kEmptyTuningLists + "virtual_bass_subgains=1,1,7,7,\n"});
+}
+
 TEST(TuningReaderTest, TuningWithoutDataIsDroppedButKeepsItsDeviceBindings) {
     LogCapture log;
     TuningFileParser parser;

@@ -1,0 +1,60 @@
+#define LOG_TAG "TuningFileParser"
+
+#include "XmlNodes.h"
+
+#include <libxml/entities.h>
+#include <log/log.h>
+
+namespace ovela::xml {
+
+namespace {
+
+// Appends the text of `nodes` to `value` as xmlNodeListGetString(doc, nodes, 1)
+// puts it together: text and CDATA as they stand, an entity reference as the
+// text of its entity's nodes (or as its own content when the document declares
+// no such entity), nothing for other nodes. False as soon as the value would
+// pass kMaxExpandedValueBytes or `references` would pass kMaxExpandedReferences.
+bool appendText(const xmlDoc* document, const xmlNode* nodes, std::string& value, int& references) {
+    for (const xmlNode* node = nodes; node != nullptr; node = node->next) {
+        const xmlChar* text = nullptr;
+        if (node->type == XML_TEXT_NODE || node->type == XML_CDATA_SECTION_NODE) {
+            text = node->content;
+        } else if (node->type == XML_ENTITY_REF_NODE) {
+            if (++references > kMaxExpandedReferences) {
+                return false;
+            }
+            if (const xmlEntity* entity = xmlGetDocEntity(document, node->name)) {
+                if (!appendText(document, entity->children, value, references)) {
+                    return false;
+                }
+                continue;
+            }
+            text = node->content;
+        }
+        if (text != nullptr) {
+            const size_t length = xmlStrlen(text);
+            if (length > kMaxExpandedValueBytes - value.size()) {
+                return false;
+            }
+            value.append(reinterpret_cast<const char*>(text), length);
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+std::string expandedValueOf(const xmlAttr* attribute) {
+    std::string value;
+    int references = 0;
+    if (!appendText(attribute->doc, attribute->children, value, references)) {
+        ALOGE("%s() %s of <%s> passes %zu bytes or %d entity references: read as empty", __func__,
+              reinterpret_cast<const char*>(attribute->name),
+              reinterpret_cast<const char*>(attribute->parent->name), kMaxExpandedValueBytes,
+              kMaxExpandedReferences);
+        return std::string();
+    }
+    return value;
+}
+
+}  // namespace ovela::xml
