@@ -19,6 +19,7 @@
 #include "ProfileParamArray.h"
 #include "ProfileParamCache.h"
 #include "TempFile.h"
+#include "TuningFileText.h"
 
 namespace ovela {
 namespace {
@@ -27,11 +28,16 @@ using testing::EffectCall;
 using testing::entriesOf;
 using ::testing::NiceMock;
 using testing::packed;
+using testing::profile;
 using testing::profileWords;
 using testing::RecordingEffect;
 using testing::sampleFile;
 using testing::sends;
 using testing::TempFile;
+using testing::tuning;
+using testing::tuningFile;
+using testing::tuningList;
+using testing::tuningNames;
 using testing::tuningWords;
 
 constexpr int kReaders = 3;
@@ -47,24 +53,21 @@ std::string tuningFileWith(int base, int rowLength) {
     for (int i = 1; i < rowLength; ++i) {
         row += ",1";
     }
-    std::string text = "<?xml version=\"1.0\"?>\n<tuning_file>\n";
+    std::string sections;
     for (int id = kFirstProfileId; id <= kLastProfileId; ++id) {
-        text += "    <profile id=\"" + std::to_string(id) +
-                "\" name=\"p\">\n        <settings>\n            <ieq-amount value=\"" +
-                std::to_string(base + id) + "\"/>\n            <drc-metadata data=\"" + row +
-                "\"/>\n        </settings>\n    </profile>\n";
+        sections += profile(id, "            <ieq-amount value=\"" + std::to_string(base + id) +
+                                    "\"/>\n            <drc-metadata data=\"" + row + "\"/>\n");
     }
-    text +=
+    sections +=
         "    <preset type=\"ieq\" id=\"ieq_warm\">\n        <ieq>\n            <bands>\n"
         "                <band_ieq frequency=\"100\" target=\"" +
         std::to_string(base) + "\"/>\n            </bands>\n        </ieq>\n    </preset>\n";
-    for (int tuning = 1; tuning <= 2; ++tuning) {
-        text += "    <tuning name=\"t" + std::to_string(tuning) +
-                "\" endpoint_type=\"usb\">\n        <data>\n"
-                "            <bass-enhancer-boost value=\"" +
-                std::to_string(base + tuning) + "\"/>\n        </data>\n    </tuning>\n";
+    for (int index = 1; index <= 2; ++index) {
+        sections += tuning(
+            "name=\"t" + std::to_string(index) + "\" endpoint_type=\"usb\"",
+            "            <bass-enhancer-boost value=\"" + std::to_string(base + index) + "\"/>\n");
     }
-    return text + "</tuning_file>\n";
+    return tuningFile(sections);
 }
 
 // What one store gives for every array that the files above fill.
@@ -91,12 +94,6 @@ Arrays arraysOf(ProfileParamArray& store) {
     return arrays;
 }
 
-std::string listedTunings(ProfileParamArray& store, Endpoint endpoint) {
-    std::vector<char> list(store.getAvailableTuningDevicesLen(endpoint));
-    store.getAvailableTuningDevices(endpoint, list.data(), static_cast<int>(list.size()));
-    return std::string(list.begin(), list.end());
-}
-
 TEST(ConcurrencyTest, QueriesDuringReloadsGetWholeArraysOfOneFileOrTheOther) {
     // Arrays of the same sizes in both files: a caller asks for the size and
     // then for the contents, and the store only guarantees each answer alone.
@@ -110,7 +107,7 @@ TEST(ConcurrencyTest, QueriesDuringReloadsGetWholeArraysOfOneFileOrTheOther) {
               packed(0, {{kDeviceAll, kyrCode("drcm"), {1, 1, 1, 1, 1, 1, 1, 1}},
                          {kDeviceAll, kyrCode("iea"), {0}}}));
     ASSERT_NE(firstArrays.tunings, secondArrays.tunings);
-    const std::string usbList = listedTunings(store, ENDPOINT_USB);
+    const std::string usbList = tuningList(store, ENDPOINT_USB);
     ASSERT_EQ(usbList, std::string("t1 t2", 6));
 
     std::atomic<bool> reloading{true};
@@ -129,7 +126,7 @@ TEST(ConcurrencyTest, QueriesDuringReloadsGetWholeArraysOfOneFileOrTheOther) {
                     tornArrays += seen.tunings[i] != firstArrays.tunings[i] &&
                                   seen.tunings[i] != secondArrays.tunings[i];
                 }
-                wrongLists += listedTunings(store, ENDPOINT_USB) != usbList;
+                wrongLists += tuningList(store, ENDPOINT_USB) != usbList;
             } while (reloading);
         });
     }
@@ -144,21 +141,6 @@ TEST(ConcurrencyTest, QueriesDuringReloadsGetWholeArraysOfOneFileOrTheOther) {
     EXPECT_EQ(tornArrays, 0);
     EXPECT_EQ(wrongLists, 0);
     EXPECT_EQ(arraysOf(store).profiles, firstArrays.profiles);
-}
-
-// The names in the endpoint's list: blank-separated up to the NUL, or the
-// seven characters "default" when it has no tunings.
-std::vector<std::string> tuningNames(ProfileParamArray& store, Endpoint endpoint) {
-    const std::string list = listedTunings(store, endpoint);
-    std::vector<std::string> names;
-    size_t start = 0;
-    const size_t end = std::min(list.find('\0'), list.size());
-    while (start <= end) {
-        const size_t blank = std::min(list.find(' ', start), end);
-        names.push_back(list.substr(start, blank - start));
-        start = blank + 1;
-    }
-    return names;
 }
 
 // Everything that a cache can send for the arrays of the process-wide store:

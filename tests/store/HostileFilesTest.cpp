@@ -20,32 +20,23 @@
 #include "PackedWords.h"
 #include "ProfileParamArray.h"
 #include "TempFile.h"
+#include "TuningFileText.h"
 
 namespace ovela {
 namespace {
 
 using testing::LogCapture;
 using testing::packed;
+using testing::profile;
 using testing::profileWords;
 using testing::sampleFile;
 using testing::TempFile;
+using testing::tuning;
+using testing::tuningFile;
+using testing::tuningNames;
 using testing::tuningWords;
 
 constexpr char kTag[] = "OvlProfileParamArray";
-
-std::string tuningFile(const std::string& sections, const std::string& doctype = "") {
-    return "<?xml version=\"1.0\"?>\n" + doctype + "<tuning_file>\n" + sections + "</tuning_file>\n";
-}
-
-std::string profile(int id, const std::string& settings) {
-    return "    <profile id=\"" + std::to_string(id) + "\" name=\"p\">\n        <settings>\n" +
-           settings + "        </settings>\n    </profile>\n";
-}
-
-std::string tuning(const std::string& name, const std::string& data) {
-    return "    <tuning name=\"" + name + "\" endpoint_type=\"usb\">\n        <data>\n" + data +
-           "        </data>\n    </tuning>\n";
-}
 
 std::string ieqPreset(int bands) {
     std::string rows;
@@ -71,24 +62,6 @@ std::vector<int32_t> rowValues(int count) {
         values.push_back(i % 100);
     }
     return values;
-}
-
-// The names that the store lists for `endpoint`, split at the blanks.
-std::vector<std::string> tuningNames(ProfileParamArray& store, Endpoint endpoint) {
-    std::vector<char> list(store.getAvailableTuningDevicesLen(endpoint) + 1, '\0');
-    store.getAvailableTuningDevices(endpoint, list.data(), static_cast<int>(list.size() - 1));
-    std::vector<std::string> names;
-    std::string name;
-    for (const char* c = list.data(); *c != '\0'; ++c) {
-        if (*c == ' ') {
-            names.push_back(name);
-            name.clear();
-        } else {
-            name += *c;
-        }
-    }
-    names.push_back(name);
-    return names;
 }
 
 // Everything that the store hands out: each profile array, each listed
@@ -198,10 +171,8 @@ TEST(HostileFilesTest, AttributeBuiltFromEntityReferencesStaysWithinBoundedMemor
     ProfileParamArray store(hostile.path());
 
     EXPECT_LT(statusField("VmHWM:") - baselineKb, 16 * 1024);
-    // The profile names no preset, which the reader logs first.
     EXPECT_EQ(log.messages("TuningFileParser", ANDROID_LOG_ERROR),
-              (std::vector<std::string>{"name is invalid, 367",
-                                        "expandedValueOf() value of <ieq-amount> passes 1048576 "
+              (std::vector<std::string>{"expandedValueOf() value of <ieq-amount> passes 1048576 "
                                         "bytes or 1024 entity references: read as empty"}));
     EXPECT_EQ(profileWords(store, 1), packed(1, {{kDeviceAll, kyrCode("iea"), {0}}}));
 }
@@ -270,12 +241,13 @@ TEST(HostileFilesTest, FiftyMegabytesOfNestedElementsLoadLikeTheFileWithoutThem)
     }
 
     auto file = [](const std::string& filler) {
-        return tuningFile(
-            profile(2, "            <ieq-amount value=\"5\"/>\n" + filler +
-                           "            <endpoint_type id=\"usb\">\n"
-                           "                <system-gain value=\"4\"/>\n" +
-                           filler + "            </endpoint_type>\n") +
-            filler + tuning("usb", "            <bass-enhancer-boost value=\"9\"/>\n" + filler));
+        return tuningFile(profile(2, "            <ieq-amount value=\"5\"/>\n" + filler +
+                                         "            <endpoint_type id=\"usb\">\n"
+                                         "                <system-gain value=\"4\"/>\n" +
+                                         filler + "            </endpoint_type>\n") +
+                          filler +
+                          tuning("name=\"usb\" endpoint_type=\"usb\"",
+                                 "            <bass-enhancer-boost value=\"9\"/>\n" + filler));
     };
     TempFile plain(file(""));
     const std::string hugeText = file(junk);
@@ -359,7 +331,8 @@ std::vector<int32_t> fullGeneralWords() {
 // 1100 words: 2 of header, 3 of entry header, 1095 values.
 std::string fullTuning(int extra) {
     return tuningFile(
-        tuning("big", "            <bass-mbdrc-tuning data=\"" + row(1095 + extra) + "\"/>\n"));
+        tuning("name=\"big\" endpoint_type=\"usb\"",
+               "            <bass-mbdrc-tuning data=\"" + row(1095 + extra) + "\"/>\n"));
 }
 
 class ArrayRoomTest : public ::testing::TestWithParam<FullArray> {};
@@ -399,7 +372,8 @@ TEST(HostileFilesTest, EveryArrayFarPastItsRoomFailsTheLoadOnce) {
     for (int id = kFirstProfileId; id <= kLastProfileId; ++id) {
         sections += profile(id, "            <drc-metadata data=\"" + longRow + "\"/>\n");
     }
-    sections += tuning("big", "            <bass-mbdrc-tuning data=\"" + longRow + "\"/>\n");
+    sections += tuning("name=\"big\" endpoint_type=\"usb\"",
+                       "            <bass-mbdrc-tuning data=\"" + longRow + "\"/>\n");
     TempFile hostile(tuningFile(sections));
     ProfileParamArray store(sampleFile());
     const Snapshot before = snapshotOf(store);

@@ -1,6 +1,7 @@
 #ifndef OVELA_TESTS_PACKED_WORDS_H
 #define OVELA_TESTS_PACKED_WORDS_H
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -62,6 +63,28 @@ inline std::vector<int32_t> tuningWords(ProfileParamArray& store, const std::str
     std::vector<int32_t> words(store.getTuningParamsSize(tuning) / sizeof(int32_t));
     store.getTuningParams(tuning, words.data());
     return words;
+}
+
+// The bytes that the store writes as the endpoint's list of tunings, in a
+// buffer of the length it asks for, first filled with `fill`.
+inline std::string tuningList(ProfileParamArray& store, Endpoint endpoint, char fill = '\0') {
+    std::string list(store.getAvailableTuningDevicesLen(endpoint), fill);
+    store.getAvailableTuningDevices(endpoint, list.data(), static_cast<int>(list.size()));
+    return list;
+}
+
+// The names in the endpoint's list: blank-separated up to the NUL, or the
+// seven characters "default" when it has no tunings.
+inline std::vector<std::string> tuningNames(ProfileParamArray& store, Endpoint endpoint) {
+    const std::string list = tuningList(store, endpoint);
+    std::vector<std::string> names;
+    const size_t end = std::min(list.find('\0'), list.size());
+    for (size_t start = 0; start <= end;) {
+        const size_t blank = std::min(list.find(' ', start), end);
+        names.push_back(list.substr(start, blank - start));
+        start = blank + 1;
+    }
+    return names;
 }
 
 }  // namespace ovela::testing

@@ -10,44 +10,26 @@
 #include "PackedWords.h"
 #include "ProfileParamArray.h"
 #include "TempFile.h"
+#include "TuningFileText.h"
 
 namespace ovela {
 namespace {
 
 using testing::dataFile;
+using testing::endpoint;
 using testing::Entry;
 using testing::LogCapture;
 using testing::packed;
+using testing::profile;
 using testing::profileWords;
 using testing::TempFile;
+using testing::tuning;
+using testing::tuningFile;
+using testing::tuningList;
 using testing::tuningWords;
 
 constexpr char kTag[] = "OvlProfileParamArray";
 constexpr char kMissingFile[] = "/nonexistent/ovela/qrn-default.xml";
-
-// A tuning file around `sections`, which are written indented: the reader
-// skips the blank text before the first child of every element.
-std::string tuningFile(const std::string& sections) {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<tuning_file>\n" + sections +
-           "</tuning_file>\n";
-}
-
-// A profile with the given settings (parameter and endpoint_type elements).
-std::string profile(int id, const std::string& settings) {
-    return "    <profile id=\"" + std::to_string(id) + "\" name=\"p" + std::to_string(id) +
-           "\">\n        <settings>\n" + settings +
-           "        </settings>\n        <include preset=\"ieq_balanced\"/>\n    </profile>\n";
-}
-
-std::string endpoint(const std::string& name, const std::string& settings) {
-    return "            <endpoint_type id=\"" + name + "\">\n" + settings +
-           "            </endpoint_type>\n";
-}
-
-std::string tuning(const std::string& attributes, const std::string& data) {
-    return "    <tuning " + attributes + ">\n        <data>\n" + data +
-           "        </data>\n    </tuning>\n";
-}
 
 // The words of every array of the store, for comparing whole stores.
 std::vector<std::vector<int32_t>> allArrays(ProfileParamArray& store,
@@ -62,14 +44,6 @@ std::vector<std::vector<int32_t>> allArrays(ProfileParamArray& store,
     return arrays;
 }
 
-std::string availableTunings(ProfileParamArray& store, Endpoint endpoint) {
-    std::vector<char> buffer(store.getAvailableTuningDevicesLen(endpoint), 'x');
-    EXPECT_EQ(
-        store.getAvailableTuningDevices(endpoint, buffer.data(), static_cast<int>(buffer.size())),
-        0);
-    return std::string(buffer.begin(), buffer.end());
-}
-
 TEST(ProfileParamArrayTest, UnreadableFileLeavesTheStoreEmpty) {
     LogCapture log;
     ProfileParamArray store(kMissingFile);
@@ -79,7 +53,7 @@ TEST(ProfileParamArrayTest, UnreadableFileLeavesTheStoreEmpty) {
         EXPECT_EQ(store.getProfileParamsSize(id), 0u) << "profile " << id;
     }
     EXPECT_EQ(store.getTuningParamsSize("speaker"), 0u);
-    EXPECT_EQ(availableTunings(store, ENDPOINT_SPEAKER), "defaultx");
+    EXPECT_EQ(tuningList(store, ENDPOINT_SPEAKER, 'x'), "defaultx");
 }
 
 TEST(ProfileParamArrayTest, EveryProfileAndTheGeneralArrayAreStoredEvenWhenEmpty) {
@@ -195,9 +169,9 @@ TEST(ProfileParamArrayTest, TuningsAreNumberedListedByEndpointAndCopiedWhole) {
     EXPECT_EQ(log.messages(kTag, ANDROID_LOG_DEBUG),
               (std::vector<std::string>{"getAvailableTuningDevicesLen, tuning = a, length = 1",
                                         "getAvailableTuningDevicesLen, tuning = bb, length = 2"}));
-    EXPECT_EQ(availableTunings(store, ENDPOINT_HEADPHONE), std::string("a bb\0", 5));
-    EXPECT_EQ(availableTunings(store, ENDPOINT_BLUETOOTH), std::string("c\0", 2));
-    EXPECT_EQ(availableTunings(store, ENDPOINT_USB), "defaultx");
+    EXPECT_EQ(tuningList(store, ENDPOINT_HEADPHONE, 'x'), std::string("a bb\0", 5));
+    EXPECT_EQ(tuningList(store, ENDPOINT_BLUETOOTH, 'x'), std::string("c\0", 2));
+    EXPECT_EQ(tuningList(store, ENDPOINT_USB, 'x'), "defaultx");
     // The list never runs past the given length.
     std::string buffer(8, 'x');
     EXPECT_EQ(store.getAvailableTuningDevices(ENDPOINT_HEADPHONE, buffer.data(), 3), 0);
@@ -314,7 +288,7 @@ TEST(ProfileParamArrayTest, SecondLoadAddsToTheTablesAndReplacesEqualKeys) {
     EXPECT_EQ(profileWords(store, 4), packed(4, {}));
     EXPECT_EQ(tuningWords(store, "a"), packed(0, {{kDeviceUsb, kyrCode("beb"), {1}}}));
     EXPECT_EQ(tuningWords(store, "b"), packed(0, {{kDeviceUsb, kyrCode("beb"), {2}}}));
-    EXPECT_EQ(availableTunings(store, ENDPOINT_USB), std::string("a b\0", 4));
+    EXPECT_EQ(tuningList(store, ENDPOINT_USB, 'x'), std::string("a b\0", 4));
 }
 
 TEST(ProfileParamArrayTest, ProfilesOutsideZeroToNineAreSkipped) {
@@ -342,7 +316,7 @@ TEST(ProfileParamArrayTest, LoadingIsTransactional) {
     ProfileParamArray store(good.path());
     const std::vector<std::string> names = {"a", "fresh"};
     const std::vector<std::vector<int32_t>> before = allArrays(store, names);
-    const std::string usbTunings = availableTunings(store, ENDPOINT_USB);
+    const std::string usbTunings = tuningList(store, ENDPOINT_USB, 'x');
 
     std::string longRow = "1";
     for (int i = 1; i < 1200; ++i) {
@@ -371,7 +345,7 @@ TEST(ProfileParamArrayTest, LoadingIsTransactional) {
         store.loadXMLFile(failure.file.path());
         EXPECT_EQ(log.messages(kTag, ANDROID_LOG_ERROR), std::vector<std::string>{failure.error});
         EXPECT_EQ(allArrays(store, names), before) << failure.error;
-        EXPECT_EQ(availableTunings(store, ENDPOINT_USB), usbTunings) << failure.error;
+        EXPECT_EQ(tuningList(store, ENDPOINT_USB, 'x'), usbTunings) << failure.error;
     }
 }
 
