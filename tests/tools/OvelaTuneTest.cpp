@@ -307,6 +307,28 @@ TEST(OvelaTuneCheckTest, ReportsShapesThatLoseDataOrFailTheLoad) {
                            file.path() + ": 4 findings\n");
 }
 
+TEST(OvelaTuneCheckTest, ReportsEntityDeclarationsAndReadsReferencesUnexpanded) {
+    TempFile file(R"(<!DOCTYPE tuning_file [<!ENTITY gain "-96">]>
+<tuning_file>
+    <general>
+        <settings>
+            <auxiliary-system-gain-enable value="&gain;"/>
+        </settings>
+    </general>
+</tuning_file>
+)");
+    ToolRun run = runOvelaTune({"check", file.path()});
+    EXPECT_EQ(run.exitCode, kExitFindings);
+    EXPECT_EQ(run.out, file.path() +
+                           ":2: the file declares entities, which a tuning file has no use for: "
+                           "the reader expands their references in attribute values (up to a "
+                           "limit), check reads them as written\n" +
+                           file.path() +
+                           ":5: value \"&gain;\" of <auxiliary-system-gain-enable> is built "
+                           "from entity references, which check does not expand\n" +
+                           file.path() + ": 2 findings\n");
+}
+
 TEST(OvelaTuneCheckTest, NonXmlFailsTheLoad) {
     TempFile file("not xml at all");
     ToolRun run = runOvelaTune({"check", file.path()});

@@ -1,4 +1,5 @@
 #include <android/log.h>
+#include <libxml/hash.h>
 #include <libxml/parser.h>
 
 #include <algorithm>
@@ -64,6 +65,14 @@ int runCheck(const CommandLine& line, std::ostream& out, std::ostream& err) {
 
     TuningFileLint lint;
     std::vector<Finding> findings = lint.run(root);
+    const xmlDtd* declarations = document->intSubset;
+    if (declarations != nullptr && declarations->entities != nullptr &&
+        xmlHashSize(static_cast<xmlHashTablePtr>(declarations->entities)) > 0) {
+        findings.push_back({xmlGetLineNo(root),
+                            "the file declares entities, which a tuning file has no use for: "
+                            "the reader expands their references in attribute values (up to a "
+                            "limit), check reads them as written"});
+    }
     for (const Finding& finding : unselectableTunings(path, lint.tunings())) {
         findings.push_back(finding);
     }

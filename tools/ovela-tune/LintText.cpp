@@ -1,7 +1,5 @@
 #include "LintText.h"
 
-#include <libxml/xmlmemory.h>
-
 #include <cctype>
 #include <cerrno>
 #include <climits>
@@ -22,9 +20,14 @@ std::string tag(const xmlNode* node) {
 }
 
 std::string valueOf(const xmlAttr* attribute) {
-    xmlChar* value = xmlGetProp(attribute->parent, attribute->name);
-    std::string text = value == nullptr ? "" : reinterpret_cast<const char*>(value);
-    xmlFree(value);
+    std::string text;
+    for (const xmlNode* node = attribute->children; node != nullptr; node = node->next) {
+        if (node->type == XML_ENTITY_REF_NODE) {
+            text += "&" + nameOf(node) + ";";
+        } else if (node->content != nullptr) {
+            text += reinterpret_cast<const char*>(node->content);
+        }
+    }
     return text;
 }
 

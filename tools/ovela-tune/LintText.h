@@ -14,7 +14,9 @@ std::string nameOf(const xmlNode* node);
 // "<name>", as the findings quote an element.
 std::string tag(const xmlNode* node);
 std::string nameOf(const xmlAttr* attribute);
-// The attribute's value as xmlGetProp gives it.
+// The attribute's text as the file writes it, entity references left as
+// "&name;": the lint never expands them, so a file built to expand past all
+// memory is read at its own size.
 std::string valueOf(const xmlAttr* attribute);
 // The value of the attribute `name`; empty when the element has none.
 std::string attribute(const xmlNode* element, std::string_view name);
