@@ -102,14 +102,6 @@ bool sendArray(ArrayCopy& copy, IEffectKyr* effect, int* status) {
     return valid;
 }
 
-android::String8 codeText(KyrParameterId code) {
-    char text[sizeof(code)];
-    for (size_t i = 0; i < sizeof(code); ++i) {
-        text[i] = static_cast<char>((static_cast<uint32_t>(code) >> (8 * i)) & 0xff);
-    }
-    return android::String8(text, strnlen(text, sizeof(text)));
-}
-
 bool isEndpoint(Endpoint endpoint) {
     return endpoint >= ENDPOINT_SPEAKER && static_cast<size_t>(endpoint) < kNumEndpoints;
 }
@@ -228,7 +220,7 @@ void ProfileParamCache::getEndpointTuning(Endpoint endpoint, void* out, int len)
 }
 
 int ProfileParamCache::resetParam(KyrParameterId param, IEffectKyr* effect) {
-    ALOGD("%s(param=%s)", __func__, codeText(param).c_str());
+    ALOGD("%s(param=%s)", __func__, android::String8(kyrCodeText(param).c_str()).c_str());
     if (effect == nullptr) {
         ALOGE("%s() effect instance should not be null", __func__);
         return kInvalidArgument;

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 namespace ovela {
 
@@ -19,6 +20,19 @@ constexpr KyrParameterId kyrCode(const char (&text)[N]) {
         code |= static_cast<uint32_t>(static_cast<uint8_t>(text[i])) << (8 * i);
     }
     return static_cast<KyrParameterId>(code);
+}
+
+// The characters of a code, up to its first zero byte ("hvrc"; "vol").
+inline std::string kyrCodeText(KyrParameterId code) {
+    std::string text;
+    for (size_t i = 0; i < sizeof(code); ++i) {
+        char c = static_cast<char>((static_cast<uint32_t>(code) >> (8 * i)) & 0xff);
+        if (c == '\0') {
+            break;
+        }
+        text += c;
+    }
+    return text;
 }
 
 }  // namespace ovela

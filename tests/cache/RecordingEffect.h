@@ -28,14 +28,8 @@ inline std::ostream& operator<<(std::ostream& out, const EffectCall& call) {
     if (call.commit) {
         return out << "commitParameters(0x" << std::hex << call.entry.device << std::dec << ")";
     }
-    out << "setParameter(0x" << std::hex << call.entry.device << std::dec << ", ";
-    for (int shift = 0; shift < 32; shift += 8) {
-        char c = static_cast<char>((static_cast<uint32_t>(call.entry.code) >> shift) & 0xff);
-        if (c != '\0') {
-            out << c;
-        }
-    }
-    out << ", {";
+    out << "setParameter(0x" << std::hex << call.entry.device << std::dec << ", "
+        << kyrCodeText(call.entry.code) << ", {";
     for (int32_t value : call.entry.values) {
         out << " " << value;
     }

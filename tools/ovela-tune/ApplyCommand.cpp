@@ -16,7 +16,7 @@ class PrintingEffect : public IEffectKyr {
     explicit PrintingEffect(std::ostream& out) : mOut(out) {}
 
     void setParameter(int device, KyrParameterId code, const int* values, int count) override {
-        mOut << "setParameter(" << deviceName(device) << ", " << codeText(code) << ", " << count
+        mOut << "setParameter(" << deviceName(device) << ", " << kyrCodeText(code) << ", " << count
              << ":";
         for (int i = 0; i < count; ++i) {
             mOut << " " << values[i];

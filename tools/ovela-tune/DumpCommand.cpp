@@ -22,7 +22,7 @@ nlohmann::json entriesToJson(const PackedArray& array) {
     nlohmann::json entries = nlohmann::json::array();
     for (const PackedEntry& entry : array.entries) {
         entries.push_back({{"device", deviceName(entry.device)},
-                           {"code", codeText(entry.code)},
+                           {"code", kyrCodeText(entry.code)},
                            {"count", entry.values.size()},
                            {"values", entry.values}});
     }
@@ -61,7 +61,8 @@ void printText(const std::vector<NamedArray>& arrays, std::ostream& out) {
         out << ": " << array.entries.size() << " entries, " << array.size << " bytes\n";
         for (const PackedEntry& entry : array.entries) {
             out << "  " << std::left << std::setw(14) << deviceName(entry.device) << std::setw(5)
-                << codeText(entry.code) << std::right << std::setw(4) << entry.values.size() << ":";
+                << kyrCodeText(entry.code) << std::right << std::setw(4) << entry.values.size()
+                << ":";
             for (int32_t value : entry.values) {
                 out << " " << value;
             }

@@ -99,17 +99,6 @@ std::optional<int32_t> deviceFromName(const std::string& name) {
     return std::nullopt;
 }
 
-std::string codeText(KyrParameterId code) {
-    std::string text;
-    for (int shift = 0; shift < 32; shift += 8) {
-        char c = static_cast<char>((static_cast<uint32_t>(code) >> shift) & 0xff);
-        if (c != '\0') {
-            text += c;
-        }
-    }
-    return text;
-}
-
 std::optional<KyrParameterId> codeFromText(const std::string& text) {
     if (text.empty() || text.size() > 4) {
         return std::nullopt;

@@ -44,9 +44,7 @@ std::string deviceName(int32_t device);
 // The inverse of deviceName(); nothing for an unknown name.
 std::optional<int32_t> deviceFromName(const std::string& name);
 
-// The code's characters ("hvrc"; "vol" for a three-character code).
-std::string codeText(KyrParameterId code);
-// The inverse of codeText(); nothing for text that is not 1 to 4 characters.
+// The inverse of kyrCodeText(); nothing for text that is not 1 to 4 characters.
 std::optional<KyrParameterId> codeFromText(const std::string& text);
 
 // True when the store loaded a file: every load stores the general array.
