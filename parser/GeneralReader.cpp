@@ -10,29 +10,32 @@
 
 namespace ovela {
 
-namespace {
-
-// Reserved so that the usual matrices build without reallocation.
-constexpr size_t kMatrixCapacity = 50;
-
-}  // namespace
-
 void TuningFileParser::parseGeneral(xmlNode* general) {
     ALOGD("parseGeneral");
+    mReport.attributes(general);
+    mReport.descend(general);
     xmlNode* wrapper = xml::secondChild(general);
+    mReport.positional(general, 2, wrapper, kGeneralSettingsElement,
+                       "the general section reads as empty");
     // The section replaces any earlier one at once, also when it turns out empty.
-    if (mGeneral != nullptr) {
-        mReplacedGenerals.push_back(mGeneral);
+    if (mContents.general != nullptr) {
+        mReport.replaced(mContents.general, general, "the general section");
+        mContents.replacedGenerals.push_back(mContents.general);
     }
-    mGeneral = new General();
+    mContents.general = new General();
+    mReport.entity(mContents.general, general, "the general section", "general sections");
+    mReport.descend(wrapper);
     for (xmlNode* node = xml::secondChild(wrapper); node != nullptr; node = node->next) {
         if (!xml::isElement(node)) {
             continue;
         }
-        if (xml::nameOf(node) == kEndpointTypeElement) {
+        const std::string_view name = xml::nameOf(node);
+        if (name == kEndpointTypeElement) {
             parseGeneralEndpoint(node);
-        } else if (const Parameter* parameter = findByName(kGeneralElements, xml::nameOf(node))) {
-            mGeneral->set(*parameter, {getNodeValue(node)});
+        } else if (const Parameter* parameter = findByName(kGeneralElements, name)) {
+            store(*mContents.general, *parameter, {readSetting(node)}, node, std::string(name));
+        } else {
+            mReport.unknownElement(node, kGeneralElements, kEndpointTypeElement);
         }
     }
 }
@@ -40,35 +43,25 @@ void TuningFileParser::parseGeneral(xmlNode* general) {
 void TuningFileParser::parseGeneralEndpoint(xmlNode* endpointType) {
     const Endpoint endpoint = endpointFromName(
         xml::firstAttributeValue(endpointType, kEndpointIdAttribute), ENDPOINT_OTHER);
+    mReport.endpointType(endpointType, endpoint);
+    mReport.endpointSection(endpointType->parent->parent, endpointType, endpoint);
     auto entity = std::make_unique<GeneralEndpoint>(endpoint);
+    mReport.entity(entity.get(), endpointType,
+                   std::string("the general section of ") + kEndpointNames[endpoint],
+                   "general endpoint sections");
+    mReport.descend(endpointType);
     for (xmlNode* node = xml::secondChild(endpointType); node != nullptr; node = node->next) {
         if (!xml::isElement(node)) {
             continue;
         }
-        if (const Parameter* parameter = findByName(kGeneralEndpointElements, xml::nameOf(node))) {
-            entity->set(*parameter, {getNodeValue(node)});
+        const std::string_view name = xml::nameOf(node);
+        if (const Parameter* parameter = findByName(kGeneralEndpointElements, name)) {
+            store(*entity, *parameter, {readSetting(node)}, node, std::string(name));
+        } else {
+            mReport.unknownElement(node, kGeneralEndpointElements);
         }
     }
-    mGeneralEndpoints.insert(entity.release());
-}
-
-std::vector<int> TuningFileParser::parseMixMatrix(std::string name, xmlNode* parent) {
-    std::vector<int> matrix;
-    matrix.reserve(kMatrixCapacity);
-    xmlNode* found = xml::secondChild(parent);
-    while (found != nullptr && xml::nameOf(found) != name) {
-        found = found->next;
-    }
-    // Each row element holds its numbers in its first attribute, read as a
-    // data row; the rows are flattened in document order.
-    for (xmlNode* row = xml::secondChild(found); row != nullptr; row = row->next) {
-        if (!xml::isElement(row)) {
-            continue;
-        }
-        const std::vector<int> values = parseDataRow(row);
-        matrix.insert(matrix.end(), values.begin(), values.end());
-    }
-    return matrix;
+    mContents.generalEndpoints.insert(entity.release());
 }
 
 }  // namespace ovela

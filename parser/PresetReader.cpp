@@ -15,12 +15,14 @@ namespace ovela {
 
 namespace {
 
-PresetType ieqPresetTypeOfId(const std::string& id) {
+PresetType ieqPresetTypeOfId(const std::string& id, bool* named) {
     for (const auto& [word, type] : kIeqPresetIdWords) {
         if (id.find(word) != std::string::npos) {
+            *named = true;
             return type;
         }
     }
+    *named = false;
     return kIeqPresetIdDefault;
 }
 
@@ -55,18 +57,21 @@ void TuningFileParser::parsePreset(xmlNode* preset) {
                 break;
         }
     }
+    mReport.attributes(preset, kPresetAttributes);
     const PresetLayout* layout = findByName(kPresetTypes, type);
     if (layout == nullptr) {
+        mReport.presetType(preset, type);
         return;
     }
 
     std::map<Parameter, std::string> texts;
-    xmlNode* bands = xml::secondChild(xml::secondChild(preset));
+    xmlNode* wrapper = xml::secondChild(preset);
+    xmlNode* bands = xml::secondChild(wrapper);
     for (xmlNode* row = xml::secondChild(bands); row != nullptr; row = row->next) {
         if (!xml::isElement(row)) {
             continue;
         }
-        if (layout->rowElement != nullptr && xml::nameOf(row) != layout->rowElement) {
+        if (layout->rowNameRequired && xml::nameOf(row) != layout->rowElement) {
             break;
         }
         for (xmlAttr* attribute = row->properties; attribute != nullptr;
@@ -84,18 +89,42 @@ void TuningFileParser::parsePreset(xmlNode* preset) {
         if (texts[parameter].empty()) {
             ALOGE("%s() preset type=%s id=%s has no %s values", __func__, type.c_str(), id.c_str(),
                   attribute);
+            mReport.presetWithoutBands(preset, *layout, attribute);
             mLoadFailed = true;
             return;
         }
     }
+    mReport.descend(preset);
+    mReport.positional(preset, 2, wrapper, layout->wrapperElement, "the preset has no bands");
+    mReport.descend(wrapper);
+    mReport.positional(wrapper, 2, bands, kPresetBandsElement, "the preset has no bands");
+    mReport.descend(bands);
+    mReport.bandRows(bands, *layout);
+
+    std::unique_ptr<ParameterValues> entity;
+    std::string label;
     if (layout->kind == PresetKind::GEQ) {
-        auto entity = std::make_unique<GeqPreset>(atoi(id.c_str()));
-        storeBands(*entity, layout->rowAttributes, texts);
-        mGeqPresets.insert(entity.release());
+        const int geqId = atoi(id.c_str());
+        mReport.number(preset, "id", id, geqId);
+        entity = std::make_unique<GeqPreset>(geqId);
+        label = "GEQ preset " + std::to_string(geqId);
     } else {
-        auto entity = std::make_unique<IeqPreset>(ieqPresetTypeOfId(id));
-        storeBands(*entity, layout->rowAttributes, texts);
-        mIeqPresets.insert(entity.release());
+        bool named = false;
+        const PresetType presetType = ieqPresetTypeOfId(id, &named);
+        if (!named) {
+            mReport.ieqPresetId(preset, id, presetType);
+        }
+        entity = std::make_unique<IeqPreset>(presetType);
+        label = std::string("IEQ preset ") + kPresetTypeNames[presetType];
+    }
+    storeBands(*entity, layout->rowAttributes, texts);
+    mReport.entity(entity.get(), preset, label,
+                   layout->kind == PresetKind::GEQ ? "GEQ presets" : "IEQ presets");
+    mReport.bands(entity.get(), *layout, bands);
+    if (layout->kind == PresetKind::GEQ) {
+        mContents.geqPresets.insert(static_cast<GeqPreset*>(entity.release()));
+    } else {
+        mContents.ieqPresets.insert(static_cast<IeqPreset*>(entity.release()));
     }
 }
 
@@ -117,7 +146,12 @@ void TuningFileParser::parseDeviceTuning(xmlNode* deviceId, std::string tuningNa
                 break;
         }
     }
-    mDeviceTunings.insert(new DeviceTuning(device, port, std::move(tuningName)));
+    mReport.attributes(deviceId, kDeviceIdAttributes);
+    auto* entity = new DeviceTuning(device, port, tuningName);
+    mReport.entity(entity, deviceId,
+                   "<" + std::string(kDeviceIdElement) + "> " + device + " of tuning " + tuningName,
+                   "<device_id> elements");
+    mContents.deviceTunings.insert(entity);
 }
 
 }  // namespace ovela

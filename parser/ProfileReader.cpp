@@ -1,3 +1,7 @@
+#define LOG_TAG "TuningFileParser"
+
+#include <log/log.h>
+
 #include <cstdlib>
 #include <memory>
 
@@ -7,32 +11,9 @@
 
 namespace ovela {
 
-namespace {
-
-void storeElementValue(ParameterValues& entity, xmlNode* element, const ElementValue& value) {
-    std::vector<int> list;
-    switch (value.shape) {
-        case ValueShape::SINGLE:
-            list.push_back(TuningFileParser::getNodeValue(element));
-            break;
-        case ValueShape::ROW:
-            list = TuningFileParser::parseDataRow(element);
-            break;
-        case ValueShape::NONEMPTY_ROW:
-            list = TuningFileParser::parseDataRow(element);
-            if (list.empty()) {
-                list.push_back(0);
-            }
-            break;
-    }
-    entity.set(value.parameter, list);
-}
-
-}  // namespace
-
 void TuningFileParser::parseProfile(xmlNode* profile) {
     // Every profile element counts, whatever it holds.
-    ++mNumOfProfiles;
+    ++mContents.numOfProfiles;
     int id = 0;
     std::string name;
     for (xmlAttr* attribute = xml::firstAttribute(profile); attribute != nullptr;
@@ -45,25 +26,33 @@ void TuningFileParser::parseProfile(xmlNode* profile) {
         switch (*known) {
             case ProfileAttribute::ID:
                 id = atoi(value.c_str());
+                mReport.number(profile, xml::nameOf(attribute), value, id);
                 break;
             case ProfileAttribute::NAME:
                 name = value;
                 break;
         }
     }
+    mReport.attributes(profile, kProfileAttributes);
 
     // The parameters sit in the 2nd child node, the preset reference is the
     // 4th; without one the empty preset name is converted (and logged).
+    mReport.descend(profile);
     xmlNode* container = xml::secondChild(profile);
     xmlNode* include = xml::fourthChild(profile);
+    mReport.positional(profile, 2, container, kProfileSettingsElement,
+                       "the profile sends no settings of its own");
     std::string presetName;
     if (xml::isElementNamed(include, kIncludeElement)) {
         presetName = xml::firstAttributeValue(include, kIncludePresetAttribute);
     }
     const PresetType preset = getIeqPresetTypeByName(presetName);
-    mProfileNames[id] = name;
+    mContents.profileNames[id] = name;
 
     auto entity = std::make_unique<Profile>(id, name, preset);
+    mReport.entity(entity.get(), profile, "profile " + std::to_string(id), "profiles");
+    mReport.include(entity.get(), profile, container, include, presetName, preset);
+    mReport.descend(container);
     for (xmlNode* node = xml::secondChild(container); node != nullptr; node = node->next) {
         if (!xml::isElement(node)) {
             continue;
@@ -72,24 +61,44 @@ void TuningFileParser::parseProfile(xmlNode* profile) {
             parseProfileEndpoint(node, id);
         } else if (const ElementValue* value = findByName(kProfileElements, xml::nameOf(node))) {
             storeElementValue(*entity, node, *value);
+        } else {
+            mReport.unknownElement(node, kProfileElements, kEndpointTypeElement);
         }
     }
-    mProfiles.insert(entity.release());
+    mContents.profiles.insert(entity.release());
 }
 
 void TuningFileParser::parseProfileEndpoint(xmlNode* endpointType, int profileId) {
     const Endpoint endpoint = endpointFromName(
         xml::firstAttributeValue(endpointType, kEndpointIdAttribute), ENDPOINT_OTHER);
+    mReport.endpointType(endpointType, endpoint);
+    mReport.endpointSection(endpointType->parent->parent, endpointType, endpoint);
     auto entity = std::make_unique<ProfileEndpoint>(profileId, endpoint);
+    mReport.entity(entity.get(), endpointType,
+                   "profile " + std::to_string(profileId) + " on " + kEndpointNames[endpoint],
+                   "profile endpoint sections");
+    mReport.descend(endpointType);
     for (xmlNode* node = xml::secondChild(endpointType); node != nullptr; node = node->next) {
         if (!xml::isElement(node)) {
             continue;
         }
         if (const ElementValue* value = findByName(kProfileEndpointElements, xml::nameOf(node))) {
             storeElementValue(*entity, node, *value);
+        } else {
+            mReport.unknownElement(node, kProfileEndpointElements);
         }
     }
-    mProfileEndpoints.insert(entity.release());
+    mContents.profileEndpoints.insert(entity.release());
+}
+
+PresetType TuningFileParser::getIeqPresetTypeByName(std::string name) {
+    for (const auto& [word, type] : kIncludePresetWords) {
+        if (name.find(word) != std::string::npos) {
+            return type;
+        }
+    }
+    ALOGE("name is invalid, %d", 367);
+    return PRESET_TYPE_OFF;
 }
 
 }  // namespace ovela

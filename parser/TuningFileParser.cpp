@@ -6,33 +6,21 @@
 #include <libxml/tree.h>
 #include <log/log.h>
 
-#include <cstdlib>
-#include <cstring>
 #include <iterator>
 #include <utility>
 
-#include "TextReaders.h"
+#include "LoadReport.h"
 #include "TuningFileVocabulary.h"
+#include "XmlDocumentReport.h"
 #include "XmlNodes.h"
 
 namespace ovela {
 
 namespace {
 
-// Reserved so that the usual rows build without reallocation.
-constexpr size_t kRowCapacity = 155;
-
-template <typename Entity>
-void deleteAll(std::set<Entity*>& entities) {
-    for (Entity* entity : entities) {
-        delete entity;
-    }
-    entities.clear();
-}
-
 // "major.minor.maintenance" from a version element's attributes; a part that
 // the element lacks stays empty, so an element without attributes gives "..".
-std::string readVersion(xmlNode* element) {
+std::string readVersion(xmlNode* element, ReaderReport& report) {
     std::string parts[std::size(kVersionAttributes)];
     for (xmlAttr* attribute = xml::firstAttribute(element); attribute != nullptr;
          attribute = attribute->next) {
@@ -43,10 +31,31 @@ std::string readVersion(xmlNode* element) {
             ALOGE("invalid attribute name %s", reinterpret_cast<const char*>(attribute->name));
         }
     }
+    report.attributes(element, kVersionAttributes);
     return parts[VERSION_MAJOR] + "." + parts[VERSION_MINOR] + "." + parts[VERSION_MAINTENANCE];
 }
 
+// Attaches a report to a reader for one load.
+class AttachedReport {
+  public:
+    AttachedReport(ReaderReport& reader, LoadReport* report) : mReader(reader) {
+        mReader.attach(report);
+        xml::setExpansionReport(report);
+    }
+    ~AttachedReport() {
+        mReader.attach(nullptr);
+        xml::setExpansionReport(nullptr);
+    }
+
+  private:
+    ReaderReport& mReader;
+};
+
 }  // namespace
+
+void TuningFileParser::DocumentDeleter::operator()(xmlDoc* document) const {
+    xmlFreeDoc(document);
+}
 
 TuningFileParser::TuningFileParser() = default;
 
@@ -55,26 +64,18 @@ TuningFileParser::TuningFileParser(std::string path) {
 }
 
 TuningFileParser::~TuningFileParser() {
-    if (mDocument != nullptr) {
-        xmlFreeDoc(mDocument);
-        mDocument = nullptr;
-    }
+    mDocument.reset();
     xmlCleanupParser();
-    deleteAll(mIeqPresets);
-    deleteAll(mGeqPresets);
-    deleteAll(mProfiles);
-    deleteAll(mProfileEndpoints);
-    deleteAll(mTunings);
-    deleteAll(mDeviceTunings);
-    delete mGeneral;
-    for (General* replaced : mReplacedGenerals) {
-        delete replaced;
-    }
-    deleteAll(mGeneralEndpoints);
+    mContents.forEachEntity([](auto* entity) { delete entity; });
     delete mDeviceData;
 }
 
 int TuningFileParser::setTuningFile(std::string path) {
+    return setTuningFile(std::move(path), nullptr);
+}
+
+int TuningFileParser::setTuningFile(std::string path, LoadReport* report) {
+    AttachedReport attached(mReport, report);
     mTuningFilePath = std::move(path);
     if (initXmlParser() != 0) {
         return -22;
@@ -84,39 +85,40 @@ int TuningFileParser::setTuningFile(std::string path) {
     }
     delete mDeviceData;
     mDeviceData = new DeviceData();
-    mDeviceData->setFormatVersion(mFormatVersion);
-    mDeviceData->setToolVersion(mToolVersion);
-    mDeviceData->setIeqPresets(mIeqPresets);
-    mDeviceData->setGeqPresets(mGeqPresets);
-    mDeviceData->setProfiles(mProfiles);
-    mDeviceData->setProfileEndPoints(mProfileEndpoints);
-    mDeviceData->setTunings(mTunings);
-    mDeviceData->setDeviceTunings(mDeviceTunings);
-    mDeviceData->setGeneral(mGeneral);
-    mDeviceData->setGeneralEndPoints(mGeneralEndpoints);
+    mDeviceData->setFormatVersion(mContents.formatVersion);
+    mDeviceData->setToolVersion(mContents.toolVersion);
+    mDeviceData->setIeqPresets(mContents.ieqPresets);
+    mDeviceData->setGeqPresets(mContents.geqPresets);
+    mDeviceData->setProfiles(mContents.profiles);
+    mDeviceData->setProfileEndPoints(mContents.profileEndpoints);
+    mDeviceData->setTunings(mContents.tunings);
+    mDeviceData->setDeviceTunings(mContents.deviceTunings);
+    mDeviceData->setGeneral(mContents.general);
+    mDeviceData->setGeneralEndPoints(mContents.generalEndpoints);
     return 0;
 }
 
 int TuningFileParser::initXmlParser() {
     if (mTuningFilePath.empty()) {
         ALOGE("invalide tuning file path, %d", 125);
+        mReport.add(rules::kFileUnreadable, nullptr, "no tuning file given");
         return -22;
     }
     // No options: the whitespace text nodes stay in the tree, and the section
     // readers count on them.
-    xmlDoc* document = xmlReadFile(mTuningFilePath.c_str(), nullptr, 0);
+    XmlDocumentReport documentReport(mReport.get(), mTuningFilePath);
+    xmlDoc* document = xmlReadFile(mTuningFilePath.c_str(), nullptr, documentReport.options());
+    documentReport.parsed(document);
     if (document == nullptr) {
         ALOGE("fail to call xmlReadFile,  %d", 138);
         return -22;
     }
     // The entities copy what they read, so nothing refers to an earlier document.
-    if (mDocument != nullptr) {
-        xmlFreeDoc(mDocument);
-    }
-    mDocument = document;
+    mDocument.reset(document);
     mRootElement = xmlDocGetRootElement(document);
     if (mRootElement == nullptr) {
         ALOGE("fail to call xmlDocGetRootElement, %d", 144);
+        mReport.add(rules::kNoRoot, nullptr, "the document has no root element");
         return -19;
     }
     return 0;
@@ -130,7 +132,7 @@ void TuningFileParser::parseTuningFile() {
 }
 
 bool TuningFileParser::isParsed() {
-    return mParsed;
+    return mContents.parsed;
 }
 
 DeviceData* TuningFileParser::getDeviceData() {
@@ -138,11 +140,50 @@ DeviceData* TuningFileParser::getDeviceData() {
 }
 
 int TuningFileParser::getNumOfProfiles() {
-    return mNumOfProfiles;
+    return mContents.numOfProfiles;
 }
 
 std::string TuningFileParser::getProfileName(int id) {
-    return mProfileNames[id];
+    return mContents.profileNames[id];
+}
+
+bool TuningFileParser::parseDocument() {
+    // A file that cannot be loaded must leave no partly built model behind,
+    // so keep what a load may change and put it back if the load fails.
+    const TuningFileContents before = mContents;
+    parseNode(mRootElement->children);
+    if (!mLoadFailed) {
+        reportLinks();
+        return true;
+    }
+    std::set<const void*> kept;
+    before.forEachEntity([&](const void* entity) { kept.insert(entity); });
+    mContents.forEachEntity([&](auto* entity) {
+        if (kept.count(entity) == 0) {
+            delete entity;
+        }
+    });
+    mContents = before;
+    return false;
+}
+
+void TuningFileParser::reportLinks() {
+    if (!mReport) {
+        return;
+    }
+    std::map<PresetType, std::vector<const void*>> presets;
+    for (IeqPreset* preset : mContents.ieqPresets) {
+        presets[preset->getType()].push_back(preset);
+    }
+    for (const auto& [type, sameType] : presets) {
+        if (sameType.size() > 1) {
+            mReport.duplicatePresets(sameType, type);
+        }
+    }
+    for (Profile* profile : mContents.profiles) {
+        const PresetType type = profile->getSelectedIeqPreset();
+        mReport.selection(profile, type, presets.count(type) != 0);
+    }
 }
 
 void TuningFileParser::parseNode(xmlNode* first) {
@@ -153,6 +194,7 @@ void TuningFileParser::parseNode(xmlNode* first) {
         }
         const Section* section = findByName(kSectionElements, xml::nameOf(node));
         if (section == nullptr) {
+            mReport.unknownElement(node, kSectionElements);
             continue;
         }
         switch (*section) {
@@ -176,53 +218,15 @@ void TuningFileParser::parseNode(xmlNode* first) {
                 break;
         }
     }
-    mParsed = true;
+    mContents.parsed = true;
 }
 
 void TuningFileParser::parseFormatVersion(xmlNode* element) {
-    mFormatVersion = readVersion(element);
+    mContents.formatVersion = readVersion(element, mReport);
 }
 
 void TuningFileParser::parseToolVersion(xmlNode* element) {
-    mToolVersion = readVersion(element);
-}
-
-std::string TuningFileParser::xmlChar2String(const xmlChar* text) {
-    return xml::toString(text);
-}
-
-int TuningFileParser::getNodeValue(xmlNode* element) {
-    const std::string text = xml::firstAttributeValue(element, kValueAttribute);
-    if (const int* truth = findByName(kTruthWords, text)) {
-        return *truth;
-    }
-    return string2int(text);
-}
-
-std::vector<int> TuningFileParser::parseDataRow(xmlNode* element) {
-    std::vector<int> row;
-    row.reserve(kRowCapacity);
-    const xmlAttr* first = xml::firstAttribute(element);
-    if (first == nullptr) {
-        return row;
-    }
-    std::string text = xml::valueOf(first);
-    // Runs of commas separate like one, so empty fields do not exist. A field
-    // that holds no number repeats the value before it (0 at the start). A
-    // field reads as sscanf's "%d" reads it: strtol's long cast to int, which
-    // keeps the low 32 bits of a number past the int's range.
-    int value = 0;
-    char* rest = nullptr;
-    for (char* field = strtok_r(text.data(), ",", &rest); field != nullptr;
-         field = strtok_r(nullptr, ",", &rest)) {
-        char* end = nullptr;
-        const long number = strtol(field, &end, 10);
-        if (end != field) {
-            value = static_cast<int>(number);
-        }
-        row.push_back(value);
-    }
-    return row;
+    mContents.toolVersion = readVersion(element, mReport);
 }
 
 }  // namespace ovela

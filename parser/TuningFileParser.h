@@ -2,20 +2,55 @@
 #define OVELA_TUNING_FILE_PARSER_H
 
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "DeviceData.h"
 #include "PresetType.h"
-
-// libxml2 types, declared as libxml2 itself does so that users of the reader
-// need not see libxml2's headers.
-typedef unsigned char xmlChar;
-typedef struct _xmlNode xmlNode;
-typedef struct _xmlDoc xmlDoc;
+#include "ReaderReport.h"
 
 namespace ovela {
+
+class HeldLists;
+class LoadReport;
+struct ElementValue;
+
+// Everything that the reader collects from tuning files: the reader owns
+// every entity in it. A load that fails puts back the copy it took before.
+struct TuningFileContents {
+    bool parsed = false;
+    int numOfProfiles = 0;
+    std::map<int, std::string> profileNames;
+    std::string formatVersion;
+    std::string toolVersion;
+    std::set<IeqPreset*> ieqPresets;
+    std::set<GeqPreset*> geqPresets;
+    std::set<Profile*> profiles;
+    std::set<ProfileEndpoint*> profileEndpoints;
+    std::set<Tuning*> tunings;
+    std::set<DeviceTuning*> deviceTunings;
+    General* general = nullptr;
+    std::set<GeneralEndpoint*> generalEndpoints;
+    // General sections replaced by a later one: no longer handed on, but
+    // still owned until the reader goes.
+    std::vector<General*> replacedGenerals;
+
+    // Calls `visit` with every entity owned here, of every kind.
+    template <typename Visit>
+    void forEachEntity(Visit visit) const {
+        for (IeqPreset* entity : ieqPresets) visit(entity);
+        for (GeqPreset* entity : geqPresets) visit(entity);
+        for (Profile* entity : profiles) visit(entity);
+        for (ProfileEndpoint* entity : profileEndpoints) visit(entity);
+        for (Tuning* entity : tunings) visit(entity);
+        for (DeviceTuning* entity : deviceTunings) visit(entity);
+        if (general != nullptr) visit(general);
+        for (General* entity : replacedGenerals) visit(entity);
+        for (GeneralEndpoint* entity : generalEndpoints) visit(entity);
+    }
+};
 
 // Reads one XML tuning file into the model. The reader owns every entity it
 // creates, the DeviceData and the document: a DeviceData from getDeviceData()
@@ -30,6 +65,8 @@ class TuningFileParser {
     // Loads and parses the file and builds a new DeviceData: 0 on success,
     // -22 on any failure, in which case the reader keeps what it held before.
     int setTuningFile(std::string path);
+    // The same, telling `report` what the reader skips, changes or drops.
+    int setTuningFile(std::string path, LoadReport* report);
     int initXmlParser();
     void parseTuningFile();
     bool isParsed();
@@ -58,33 +95,39 @@ class TuningFileParser {
     static PresetType getIeqPresetTypeByName(std::string name);
 
   private:
+    struct DocumentDeleter {
+        void operator()(xmlDoc* document) const;
+    };
+
     // Parses the held root element's children. A load that fails part way
     // takes back everything it added, so the reader holds what it held
     // before; false then.
     bool parseDocument();
+    // What a parse that reports adds at the end: links that point at nothing.
+    void reportLinks();
+
+    // The value readers of the sections, which also tell the report what
+    // they read.
+    int readSetting(xmlNode* element);
+    // The row in the element's first attribute; `emptyAs` says what an empty
+    // row becomes.
+    std::vector<int> readRow(xmlNode* element, const char* emptyAs);
+    // The matrix `name` of `parent`; `found` takes its element, or null.
+    std::vector<int> readMixMatrix(const char* name, xmlNode* parent, const xmlNode** found);
+    // Stores `list` under `parameter` of `entity`, read from `node`.
+    void store(ParameterValues& entity, Parameter parameter, const std::vector<int>& list,
+               const xmlNode* node, const std::string& xmlName);
+    void storeElementValue(ParameterValues& entity, xmlNode* element, const ElementValue& value);
+    void readDataElement(Tuning& tuning, xmlNode* element, HeldLists& held);
 
     std::string mTuningFilePath;
-    bool mParsed = false;
-    int mNumOfProfiles = 0;
-    std::map<int, std::string> mProfileNames;
+    TuningFileContents mContents;
     DeviceData* mDeviceData = nullptr;
-    std::string mFormatVersion;
-    std::string mToolVersion;
-    std::set<IeqPreset*> mIeqPresets;
-    std::set<GeqPreset*> mGeqPresets;
-    std::set<Profile*> mProfiles;
-    std::set<ProfileEndpoint*> mProfileEndpoints;
-    std::set<Tuning*> mTunings;
-    std::set<DeviceTuning*> mDeviceTunings;
-    General* mGeneral = nullptr;
-    std::set<GeneralEndpoint*> mGeneralEndpoints;
-    xmlDoc* mDocument = nullptr;
+    std::unique_ptr<xmlDoc, DocumentDeleter> mDocument;
     xmlNode* mRootElement = nullptr;
-    // General sections replaced by a later one: no longer handed on, but
-    // still owned until the reader goes.
-    std::vector<General*> mReplacedGenerals;
     // Set by a section reader that finds the file unloadable.
     bool mLoadFailed = false;
+    ReaderReport mReport;
 };
 
 }  // namespace ovela

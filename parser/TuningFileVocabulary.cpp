@@ -60,17 +60,25 @@ class VocabularyList {
     }
 
     // Parameter elements; a setting element also brings its "value" attribute
-    // and the truth words that it may hold.
+    // and the truth words that it may hold, a row element its "data" attribute.
     template <typename Table>
     void addParameterElements(const std::string& parent, const Table& table) {
         for (const auto& [name, value] : table) {
             add(parent, NameRole::ELEMENT, name);
+            const std::string element = child(parent, name);
             if (isSetting(value)) {
-                const std::string element = child(parent, name);
                 add(element, NameRole::ATTRIBUTE, kValueAttribute);
                 addAll(attributeOf(element, kValueAttribute), NameRole::WORD, kTruthWords);
+            } else {
+                add(element, NameRole::ATTRIBUTE, kRowAttribute);
             }
         }
+    }
+
+    // An element that the reader takes by its position; returns its path.
+    std::string addWrapper(const std::string& parent, const char* name) {
+        add(parent, NameRole::ELEMENT, name);
+        return child(parent, name);
     }
 
     // An endpoint section of `parent` and its endpoint names; returns its path.
@@ -89,7 +97,7 @@ class VocabularyList {
 };
 
 void addGeneral(VocabularyList& list, const std::string& general) {
-    const std::string wrapper = child(general, "*");
+    const std::string wrapper = list.addWrapper(general, kGeneralSettingsElement);
     list.addParameterElements(wrapper, kGeneralElements);
     list.addParameterElements(list.addEndpointType(wrapper), kGeneralEndpointElements);
 }
@@ -100,13 +108,11 @@ void addPreset(VocabularyList& list, const std::string& preset) {
                 NameRole::WORD, kPresetTypes);
     list.addAll(attributeOf(preset, nameOf(kPresetAttributes, PresetAttribute::ID)), NameRole::WORD,
                 kIeqPresetIdWords);
-    const std::string rows = child(child(preset, "*"), "*");
     for (const auto& [type, layout] : kPresetTypes) {
-        if (layout.rowElement != nullptr) {
-            list.add(rows, NameRole::ELEMENT, layout.rowElement);
-        }
-        const char* row = layout.rowElement != nullptr ? layout.rowElement : "*";
-        list.addAll(child(rows, row), NameRole::ATTRIBUTE, layout.rowAttributes);
+        const std::string rows =
+            list.addWrapper(list.addWrapper(preset, layout.wrapperElement), kPresetBandsElement);
+        list.addAll(list.addWrapper(rows, layout.rowElement), NameRole::ATTRIBUTE,
+                    layout.rowAttributes);
     }
 }
 
@@ -116,7 +122,7 @@ void addProfile(VocabularyList& list, const std::string& profile) {
     const std::string include = child(profile, kIncludeElement);
     list.add(include, NameRole::ATTRIBUTE, kIncludePresetAttribute);
     list.addAll(attributeOf(include, kIncludePresetAttribute), NameRole::WORD, kIncludePresetWords);
-    const std::string container = child(profile, "*");
+    const std::string container = list.addWrapper(profile, kProfileSettingsElement);
     list.addParameterElements(container, kProfileElements);
     list.addParameterElements(list.addEndpointType(container), kProfileEndpointElements);
 }
@@ -131,7 +137,7 @@ void addTuning(VocabularyList& list, const std::string& tuning) {
     list.add(tuning, NameRole::ELEMENT, kDeviceIdElement);
     list.addAll(child(tuning, kDeviceIdElement), NameRole::ATTRIBUTE, kDeviceIdAttributes);
 
-    const std::string data = child(tuning, "*");
+    const std::string data = list.addWrapper(tuning, kTuningDataElement);
     list.addParameterElements(data, kTuningValueElements);
     list.addParameterElements(data, kTuningRowElements);
     for (const auto& [name, attributes] : kTuningAttributeElements) {
@@ -140,8 +146,7 @@ void addTuning(VocabularyList& list, const std::string& tuning) {
     }
     list.addAll(data, NameRole::ELEMENT, kTuningAttributeListElements);
     for (const auto& [name, columns] : kTuningBandElements) {
-        list.add(data, NameRole::ELEMENT, name);
-        const std::string row = child(child(data, name), "*");
+        const std::string row = list.addWrapper(list.addWrapper(data, name), kBandRowElement);
         for (const auto& [attribute, column] : columns) {
             list.add(row, NameRole::ATTRIBUTE, attribute);
             if (column.value == BandValue::TRUE_WORD) {
@@ -149,8 +154,12 @@ void addTuning(VocabularyList& list, const std::string& tuning) {
             }
         }
     }
-    list.add(data, NameRole::ELEMENT, kOutputModeElement);
-    list.addAll(child(data, kOutputModeElement), NameRole::ELEMENT, kOutputModeMatrices);
+    const std::string outputMode = list.addWrapper(data, kOutputModeElement);
+    for (const auto& [matrix, parameter] : kOutputModeMatrices) {
+        const std::string row =
+            list.addWrapper(list.addWrapper(outputMode, matrix), kMatrixRowElement);
+        list.add(row, NameRole::ATTRIBUTE, kMatrixRowAttribute);
+    }
 }
 
 }  // namespace

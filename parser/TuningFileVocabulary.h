@@ -15,9 +15,14 @@
 // reader, the `check` command and the fuzz dictionary all read these tables.
 //
 // Where a table's comment names its place it uses element paths from the
-// root: "/" between levels, "*" for an element whose name the reader does not
-// check (the root itself, the wrappers of "general" and "preset", the
-// parameter container of a profile, the data element of a tuning).
+// root, "*" standing for the root, whose name the reader does not check.
+//
+// Some elements the reader takes by their position and never by their name:
+// the wrappers of "general" and "preset", the parameter container of a
+// profile, the data element of a tuning and the rows of band tables and
+// matrices. The format still gives each of them a name, written here once;
+// the reader reads a file that names them otherwise all the same, and a load
+// with a report says so.
 
 namespace ovela {
 
@@ -43,28 +48,39 @@ constexpr bool isName(const char* entry, std::string_view name) {
     return (name.empty() || *entry == name.front()) && name == entry;
 }
 
-// The value that `table` holds under exactly `name` (case-sensitive, whole
-// name), or null. Works on a table array and on a NameTable alike.
+// The entry of `table` under exactly `name` (case-sensitive, whole name), or
+// null. Works on a table array and on a NameTable alike.
 template <typename Table>
-constexpr auto findByName(const Table& table, std::string_view name)
-    -> decltype(&std::begin(table)->second) {
+constexpr auto findEntry(const Table& table, std::string_view name)
+    -> decltype(&*std::begin(table)) {
     for (const auto& entry : table) {
         if (isName(entry.first, name)) {
-            return &entry.second;
+            return &entry;
         }
     }
     return nullptr;
+}
+
+// The value that `table` holds under exactly `name`, or null.
+template <typename Table>
+constexpr auto findByName(const Table& table, std::string_view name)
+    -> decltype(&std::begin(table)->second) {
+    const auto* entry = findEntry(table, name);
+    return entry == nullptr ? nullptr : &entry->second;
 }
 
 // ---- Words shared by several elements ----
 
 // Setting elements hold their number or truth word here, as their first attribute.
 inline constexpr char kValueAttribute[] = "value";
+// Row elements hold their comma-separated numbers in their first attribute,
+// which the reader reads whatever its name; the format calls it so.
+inline constexpr char kRowAttribute[] = "data";
 inline constexpr char kTrueWord[] = "true";
 inline constexpr char kFalseWord[] = "false";
 inline constexpr NameEntry<int> kTruthWords[] = {{kTrueWord, 1}, {kFalseWord, 0}};
 
-// One endpoint's settings, inside "*/general/*" and "*/profile/*". Its first
+// One endpoint's settings, inside "*/general/settings" and "*/profile/settings". Its first
 // attribute, if named "id", names the endpoint (kEndpointNames).
 inline constexpr char kEndpointTypeElement[] = "endpoint_type";
 inline constexpr char kEndpointIdAttribute[] = "id";
@@ -95,12 +111,15 @@ inline constexpr NameEntry<VersionPart> kVersionAttributes[] = {
 
 // ---- General ----
 
-// Children of "*/general/*" besides kEndpointTypeElement; each holds one value.
+// The wrapper of the general settings, "*/general/settings".
+inline constexpr char kGeneralSettingsElement[] = "settings";
+
+// Children of "*/general/settings" besides kEndpointTypeElement; each holds one value.
 inline constexpr NameEntry<Parameter> kGeneralElements[] = {
     {"auxiliary-system-gain-enable", AUXILIARY_SYSTEM_GAIN_ENABLE},
 };
 
-// Children of "*/general/*/endpoint_type"; each holds one value.
+// Children of "*/general/settings/endpoint_type"; each holds one value.
 inline constexpr NameEntry<Parameter> kGeneralEndpointElements[] = {
     {"auxiliary-system-gain", AUXILIARY_SYSTEM_GAIN},
 };
@@ -115,14 +134,18 @@ inline constexpr NameEntry<PresetAttribute> kPresetAttributes[] = {
     {"id", PresetAttribute::ID},
 };
 
-// Attributes of an IEQ band row, "*/preset/*/*/band_ieq". Values of one
+// The inner wrapper of a preset's band rows, "*/preset/<kind>/bands".
+inline constexpr char kPresetBandsElement[] = "bands";
+
+// Attributes of an IEQ band row, "*/preset/ieq/bands/band_ieq". Values of one
 // attribute are gathered across rows, and stored in this order.
 inline constexpr NameEntry<Parameter> kIeqBandAttributes[] = {
     {"frequency", IEQ_FREQUENCY},
     {"target", IEQ_TARGET},
 };
 
-// Attributes of a GEQ band row, any element in "*/preset/*/*".
+// Attributes of a GEQ band row, "*/preset/geq/bands/band_geq"; the reader
+// takes every element there as a row.
 inline constexpr NameEntry<Parameter> kGeqBandAttributes[] = {
     {"frequency", GEQ_FREQUENCY},
     {"gain", GEQ_GAIN},
@@ -132,16 +155,20 @@ enum class PresetKind { IEQ, GEQ };
 
 struct PresetLayout {
     PresetKind kind;
-    // The name every band row must have; the first element with another name
-    // ends the rows. Null: every element is a row.
+    // The outer wrapper, "*/preset/<wrapperElement>".
+    const char* wrapperElement;
+    // The name of a band row.
     const char* rowElement;
+    // True: every row must have that name, and the first element with another
+    // name ends the rows. False: every element is a row.
+    bool rowNameRequired;
     NameTable<Parameter> rowAttributes;
 };
 
 // Values of the "type" attribute of "*/preset"; any other type creates nothing.
 inline constexpr NameEntry<PresetLayout> kPresetTypes[] = {
-    {"ieq", {PresetKind::IEQ, "band_ieq", kIeqBandAttributes}},
-    {"geq", {PresetKind::GEQ, nullptr, kGeqBandAttributes}},
+    {"ieq", {PresetKind::IEQ, "ieq", "band_ieq", true, kIeqBandAttributes}},
+    {"geq", {PresetKind::GEQ, "geq", "band_geq", false, kGeqBandAttributes}},
 };
 
 // Words searched for, in this order, anywhere in the "id" of an IEQ preset;
@@ -163,6 +190,9 @@ inline constexpr NameEntry<ProfileAttribute> kProfileAttributes[] = {
     {"id", ProfileAttribute::ID},
     {"name", ProfileAttribute::NAME},
 };
+
+// The parameter container, the 2nd child node of "*/profile".
+inline constexpr char kProfileSettingsElement[] = "settings";
 
 // The preset reference, the 4th child node of "*/profile"; only its first
 // attribute is read, and only under this name.
@@ -191,7 +221,7 @@ struct ElementValue {
     ValueShape shape;
 };
 
-// Children of "*/profile/*" besides kEndpointTypeElement.
+// Children of "*/profile/settings" besides kEndpointTypeElement.
 inline constexpr NameEntry<ElementValue> kProfileElements[] = {
     {"drc-metadata", {CUSTOM_DRC_METADATA, ValueShape::NONEMPTY_ROW}},
     {"volume-modeler-enable", {VOLUME_MODELER_ENABLE, ValueShape::SINGLE}},
@@ -208,7 +238,7 @@ inline constexpr NameEntry<ElementValue> kProfileElements[] = {
     {"ieq-amount", {IEQ_AMOUNT, ValueShape::SINGLE}},
 };
 
-// Children of "*/profile/*/endpoint_type". The file calls virtual_bass_enable
+// Children of "*/profile/settings/endpoint_type". The file calls virtual_bass_enable
 // "virtual-bass-process-enable"; the file's spelling is the one read.
 inline constexpr NameEntry<ElementValue> kProfileEndpointElements[] = {
     {"peak-value", {PEAK_VALUE, ValueShape::SINGLE}},
@@ -274,6 +304,10 @@ inline constexpr NameEntry<Parameter> kTuningListAttributes[] = {
 // Children of "*/tuning" that bind a device to the tuning; they come before
 // the data element, the first child element with any other name.
 inline constexpr char kDeviceIdElement[] = "device_id";
+// The data element of a tuning, "*/tuning/data".
+inline constexpr char kTuningDataElement[] = "data";
+// A row of "*/tuning/data/<band table>".
+inline constexpr char kBandRowElement[] = "band";
 
 enum class DeviceIdAttribute { ID, ENDPOINT_PORT };
 
@@ -283,7 +317,7 @@ inline constexpr NameEntry<DeviceIdAttribute> kDeviceIdAttributes[] = {
     {"endpoint_port", DeviceIdAttribute::ENDPOINT_PORT},
 };
 
-// Children of "*/tuning/*" that hold one value.
+// Children of "*/tuning/data" that hold one value.
 inline constexpr NameEntry<Parameter> kTuningValueElements[] = {
     {"height-filter-mode", HEIGHT_FILTER_MODE},
     {"bass-enhancer-boost", BASS_ENHANCER_BOOST},
@@ -320,7 +354,7 @@ struct TuningRow {
     RowStorage storage;
 };
 
-// Children of "*/tuning/*" that hold a comma-separated row in their first attribute.
+// Children of "*/tuning/data" that hold a comma-separated row in their first attribute.
 inline constexpr NameEntry<TuningRow> kTuningRowElements[] = {
     {"regulator-stress-amount", {REGULATOR_STRESS_AMOUNT, RowStorage::AT_ONCE}},
     {"bass-mbdrc-tuning", {BASS_MBDRC_TUNING, RowStorage::AT_ONCE}},
@@ -340,25 +374,25 @@ inline constexpr NameEntry<TuningRow> kTuningRowElements[] = {
      {REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_RIGHT_SURROUND, RowStorage::KEPT}},
 };
 
-// Attributes of "*/tuning/*/virtual-bass-mix-freqs", one value each.
+// Attributes of "*/tuning/data/virtual-bass-mix-freqs", one value each.
 inline constexpr NameEntry<Parameter> kVirtualBassMixFreqAttributes[] = {
     {"frequency_high", VIRTUAL_BASS_MIX_FREQ_HIGH},
     {"frequency_low", VIRTUAL_BASS_MIX_FREQ_LOW},
 };
 
-// Attributes of "*/tuning/*/virtual-bass-src-freqs", one value each.
+// Attributes of "*/tuning/data/virtual-bass-src-freqs", one value each.
 inline constexpr NameEntry<Parameter> kVirtualBassSrcFreqAttributes[] = {
     {"frequency_high", VIRTUAL_BASS_SRC_FREQ_HIGH},
     {"frequency_low", VIRTUAL_BASS_SRC_FREQ_LOW},
 };
 
-// Children of "*/tuning/*" whose attributes each hold one value of their own.
+// Children of "*/tuning/data" whose attributes each hold one value of their own.
 inline constexpr NameEntry<NameTable<Parameter>> kTuningAttributeElements[] = {
     {"virtual-bass-mix-freqs", kVirtualBassMixFreqAttributes},
     {"virtual-bass-src-freqs", kVirtualBassSrcFreqAttributes},
 };
 
-// Children of "*/tuning/*" whose attributes, whatever their names, are the
+// Children of "*/tuning/data" whose attributes, whatever their names, are the
 // values of one list in document order.
 inline constexpr NameEntry<Parameter> kTuningAttributeListElements[] = {
     {"virtual-bass-subgains", VIRTUAL_BASS_SUBGAINS},
@@ -376,7 +410,7 @@ struct BandColumn {
     BandValue value;
 };
 
-// Attributes of the rows of "*/tuning/*/audio-optimizer-bands".
+// Attributes of the rows of "*/tuning/data/audio-optimizer-bands".
 inline constexpr NameEntry<BandColumn> kAudioOptimizerBandAttributes[] = {
     {"frequency", {AUDIO_OPTIMIZER_FREQUENCY, BandValue::NUMBER}},
     {"gain_left", {AUDIO_OPTIMIZER_GAIN_L, BandValue::NUMBER}},
@@ -385,7 +419,7 @@ inline constexpr NameEntry<BandColumn> kAudioOptimizerBandAttributes[] = {
     {"gain_right_surround", {AUDIO_OPTIMIZER_GAIN_RS, BandValue::NUMBER}},
 };
 
-// Attributes of the rows of "*/tuning/*/regulator-tuning".
+// Attributes of the rows of "*/tuning/data/regulator-tuning".
 inline constexpr NameEntry<BandColumn> kRegulatorBandAttributes[] = {
     {"frequency", {REGULATOR_FREQUENCY, BandValue::NUMBER}},
     {"threshold_low", {REGULATOR_THRESHOLD_LOW, BandValue::NUMBER}},
@@ -393,7 +427,7 @@ inline constexpr NameEntry<BandColumn> kRegulatorBandAttributes[] = {
     {"isolated_band", {REGULATOR_ISOLATED_BAND, BandValue::TRUE_WORD}},
 };
 
-// Children of "*/tuning/*" whose child elements are band rows. Each column
+// Children of "*/tuning/data" whose child elements are band rows. Each column
 // gathers the rows of every element of the name and is stored when the data
 // element ends, empty if no row gave it.
 inline constexpr NameEntry<NameTable<BandColumn>> kTuningBandElements[] = {
@@ -401,11 +435,13 @@ inline constexpr NameEntry<NameTable<BandColumn>> kTuningBandElements[] = {
     {"regulator-tuning", kRegulatorBandAttributes},
 };
 
-// Child of "*/tuning/*" that holds the output mix matrices.
+// Child of "*/tuning/data" that holds the output mix matrices.
 inline constexpr char kOutputModeElement[] = "output-mode";
 
-// Children of "*/tuning/*/output-mode": each a matrix whose child elements are
+// Children of "*/tuning/data/output-mode": each a matrix whose child elements are
 // rows in their first attribute, flattened into one list.
+inline constexpr char kMatrixRowElement[] = "row";
+inline constexpr char kMatrixRowAttribute[] = "coefficients";
 inline constexpr NameEntry<Parameter> kOutputModeMatrices[] = {
     {"mix_matrix", OUTPUT_MIX_MATRIX},
     {"advanced_mix_matrix", ADVANCED_OUTPUT_MIX_MATRIX},

@@ -19,6 +19,8 @@ namespace {
 // Equalizer and regulator tables have up to 20 bands.
 constexpr size_t kBandCapacity = 20;
 
+}  // namespace
+
 // The lists that gather over the whole data element: the band columns, which
 // every row appends to, and the kept rows, which a later element replaces.
 // Every one is stored when the data element ends, empty if the file gave none.
@@ -39,21 +41,36 @@ class HeldLists {
 
     std::vector<int>& of(Parameter parameter) { return mLists[parameter]; }
 
-    void storeInto(ParameterValues& tuning) {
+    // The first element of a band table, for the report.
+    void tableMet(const char* name, const xmlNode* element) { mTables.emplace(name, element); }
+
+    void storeInto(ParameterValues& tuning, ReaderReport& report) {
         for (const auto& [parameter, list] : mLists) {
             tuning.set(parameter, list);
+        }
+        for (const auto& [name, element] : mTables) {
+            const NameTable<BandColumn>& columns = *findByName(kTuningBandElements, name);
+            report.bandFrequencies(&tuning, element, mLists[columns.begin()->second.parameter]);
         }
     }
 
   private:
     std::map<Parameter, std::vector<int>> mLists;
+    std::map<std::string_view, const xmlNode*> mTables;
 };
 
-void readBandRows(xmlNode* element, const NameTable<BandColumn>& columns, HeldLists& held) {
+namespace {
+
+void readBandRows(Tuning& tuning, xmlNode* element, const char* name,
+                  const NameTable<BandColumn>& columns, HeldLists& held, ReaderReport& report) {
+    held.tableMet(name, element);
+    report.descend(element);
     for (xmlNode* row = xml::secondChild(element); row != nullptr; row = row->next) {
         if (!xml::isElement(row)) {
             continue;
         }
+        report.named(row, kBandRowElement);
+        report.attributes(row, columns);
         for (xmlAttr* attribute = row->properties; attribute != nullptr;
              attribute = attribute->next) {
             const BandColumn* column = findByName(columns, xml::nameOf(attribute));
@@ -61,56 +78,84 @@ void readBandRows(xmlNode* element, const NameTable<BandColumn>& columns, HeldLi
                 continue;
             }
             const std::string value = xml::valueOf(attribute);
-            held.of(column->parameter)
-                .push_back(column->value == BandValue::TRUE_WORD ? value == kTrueWord
-                                                                 : string2int(value));
-        }
-    }
-}
-
-void readDataElement(Tuning& tuning, xmlNode* element, HeldLists& held) {
-    const std::string_view name = xml::nameOf(element);
-    if (const Parameter* parameter = findByName(kTuningValueElements, name)) {
-        tuning.set(*parameter, {TuningFileParser::getNodeValue(element)});
-    } else if (const TuningRow* row = findByName(kTuningRowElements, name)) {
-        if (row->storage == RowStorage::AT_ONCE) {
-            tuning.set(row->parameter, TuningFileParser::parseDataRow(element));
-        } else {
-            held.of(row->parameter) = TuningFileParser::parseDataRow(element);
-        }
-    } else if (const NameTable<Parameter>* attributes = findByName(kTuningAttributeElements, name)) {
-        for (xmlAttr* attribute = element->properties; attribute != nullptr;
-             attribute = attribute->next) {
-            if (const Parameter* parameter = findByName(*attributes, xml::nameOf(attribute))) {
-                tuning.set(*parameter, {string2int(xml::valueOf(attribute))});
+            int number = 0;
+            if (column->value == BandValue::TRUE_WORD) {
+                number = value == kTrueWord;
+                report.truthWord(row, xml::nameOf(attribute), value);
+            } else {
+                number = string2int(value);
+                report.number(row, xml::nameOf(attribute), value, number);
             }
-        }
-    } else if (const Parameter* parameter = findByName(kTuningAttributeListElements, name)) {
-        std::vector<int> list;
-        for (xmlAttr* attribute = element->properties; attribute != nullptr;
-             attribute = attribute->next) {
-            list.push_back(string2int(xml::valueOf(attribute)));
-        }
-        tuning.set(*parameter, list);
-    } else if (const NameTable<BandColumn>* columns = findByName(kTuningBandElements, name)) {
-        readBandRows(element, *columns, held);
-    } else if (name == kOutputModeElement) {
-        for (const auto& [matrix, parameter] : kOutputModeMatrices) {
-            tuning.set(parameter, TuningFileParser::parseMixMatrix(matrix, element));
+            held.of(column->parameter).push_back(number);
+            report.gathered(&tuning, column->parameter, row,
+                            std::string(name) + " " + std::string(xml::nameOf(attribute)));
         }
     }
 }
 
 }  // namespace
 
+void TuningFileParser::readDataElement(Tuning& tuning, xmlNode* element, HeldLists& held) {
+    const std::string_view view = xml::nameOf(element);
+    const std::string name(view);
+    if (const Parameter* parameter = findByName(kTuningValueElements, view)) {
+        store(tuning, *parameter, {readSetting(element)}, element, name);
+    } else if (const TuningRow* row = findByName(kTuningRowElements, view)) {
+        if (row->storage == RowStorage::AT_ONCE) {
+            store(tuning, row->parameter, readRow(element, "the entry is not sent"), element, name);
+        } else {
+            held.of(row->parameter) = readRow(element, "the list is empty");
+            mReport.value(&tuning, row->parameter, element, name);
+        }
+    } else if (const NameTable<Parameter>* attributes = findByName(kTuningAttributeElements, view)) {
+        mReport.attributes(element, *attributes);
+        for (xmlAttr* attribute = element->properties; attribute != nullptr;
+             attribute = attribute->next) {
+            if (const Parameter* parameter = findByName(*attributes, xml::nameOf(attribute))) {
+                const std::string text = xml::valueOf(attribute);
+                const int value = string2int(text);
+                mReport.number(element, xml::nameOf(attribute), text, value);
+                store(tuning, *parameter, {value}, element,
+                      name + " " + std::string(xml::nameOf(attribute)));
+            }
+        }
+    } else if (const Parameter* parameter = findByName(kTuningAttributeListElements, view)) {
+        std::vector<int> list;
+        for (xmlAttr* attribute = element->properties; attribute != nullptr;
+             attribute = attribute->next) {
+            const std::string text = xml::valueOf(attribute);
+            list.push_back(string2int(text));
+            mReport.number(element, xml::nameOf(attribute), text, list.back());
+        }
+        if (list.empty()) {
+            mReport.add(rules::kEmptyList, element,
+                        tagOf(element) + " has no attributes: the entry is not sent");
+        }
+        store(tuning, *parameter, list, element, name);
+    } else if (const auto* table = findEntry(kTuningBandElements, view)) {
+        readBandRows(tuning, element, table->first, table->second, held, mReport);
+    } else if (view == kOutputModeElement) {
+        mReport.outputMode(element);
+        for (const auto& [matrix, parameter] : kOutputModeMatrices) {
+            const xmlNode* found = nullptr;
+            std::vector<int> values = readMixMatrix(matrix, element, &found);
+            tuning.set(parameter, values);
+            if (found != nullptr) {
+                mReport.value(&tuning, parameter, found, matrix);
+            }
+        }
+    } else {
+        mReport.unknownElement(element, kTuningValueElements, kTuningRowElements,
+                               kTuningAttributeElements, kTuningAttributeListElements,
+                               kTuningBandElements, kOutputModeElement);
+    }
+}
+
 void TuningFileParser::parseTuning(xmlNode* tuning) {
     std::string name;
     std::string endpointName;
     std::string mono;
     std::map<Parameter, std::vector<int>> lists;
-    for (const auto& [attribute, parameter] : kTuningListAttributes) {
-        lists[parameter];
-    }
     for (xmlAttr* attribute = xml::firstAttribute(tuning); attribute != nullptr;
          attribute = attribute->next) {
         std::string value = xml::valueOf(attribute);
@@ -129,16 +174,23 @@ void TuningFileParser::parseTuning(xmlNode* tuning) {
         } else if (const Parameter* parameter =
                        findByName(kTuningListAttributes, xml::nameOf(attribute))) {
             lists[*parameter].push_back(string2int(value));
+            mReport.number(tuning, xml::nameOf(attribute), value, lists[*parameter].back());
+        }
+    }
+    mReport.tuningAttributes(tuning, endpointName, mono);
+
+    // Unlike the profile readers, a tuning for an unknown endpoint serves the speaker.
+    const Endpoint endpoint = endpointFromName(endpointName, ENDPOINT_SPEAKER);
+    auto entity = std::make_unique<Tuning>(name, endpoint, mono == kTrueWord);
+    mReport.entity(entity.get(), tuning, "tuning " + name, "tunings");
+    for (const auto& [attribute, parameter] : kTuningListAttributes) {
+        entity->set(parameter, lists[parameter]);
+        if (!lists[parameter].empty()) {
+            mReport.value(entity.get(), parameter, tuning, attribute);
         }
     }
 
-    // Unlike the profile readers, a tuning for an unknown endpoint serves the speaker.
-    auto entity = std::make_unique<Tuning>(name, endpointFromName(endpointName, ENDPOINT_SPEAKER),
-                                           mono == kTrueWord);
-    for (const auto& [parameter, list] : lists) {
-        entity->set(parameter, list);
-    }
-
+    mReport.descend(tuning);
     xmlNode* data = nullptr;
     for (xmlNode* node = xml::secondChild(tuning); node != nullptr; node = node->next) {
         if (!xml::isElement(node)) {
@@ -152,17 +204,21 @@ void TuningFileParser::parseTuning(xmlNode* tuning) {
     }
     if (data == nullptr) {
         ALOGE("There is no <data> in Tuning section");
+        mReport.noData(tuning, name);
+        mReport.forget(entity.get());
         return;
     }
+    mReport.dataElement(entity.get(), tuning, data);
 
     HeldLists held;
+    mReport.descend(data);
     for (xmlNode* node = xml::secondChild(data); node != nullptr; node = node->next) {
         if (xml::isElement(node)) {
             readDataElement(*entity, node, held);
         }
     }
-    held.storeInto(*entity);
-    mTunings.insert(entity.release());
+    held.storeInto(*entity, mReport);
+    mContents.tunings.insert(entity.release());
 }
 
 }  // namespace ovela

@@ -5,9 +5,13 @@
 #include <libxml/entities.h>
 #include <log/log.h>
 
+#include "LoadReport.h"
+
 namespace ovela::xml {
 
 namespace {
+
+thread_local LoadReport* tExpansionReport = nullptr;
 
 // Appends the text of `nodes` to `value` as xmlNodeListGetString(doc, nodes, 1)
 // puts it together: text and CDATA as they stand, an entity reference as the
@@ -44,6 +48,10 @@ bool appendText(const xmlDoc* document, const xmlNode* nodes, std::string& value
 
 }  // namespace
 
+void setExpansionReport(LoadReport* report) {
+    tExpansionReport = report;
+}
+
 std::string expandedValueOf(const xmlAttr* attribute) {
     std::string value;
     int references = 0;
@@ -52,6 +60,15 @@ std::string expandedValueOf(const xmlAttr* attribute) {
               reinterpret_cast<const char*>(attribute->name),
               reinterpret_cast<const char*>(attribute->parent->name), kMaxExpandedValueBytes,
               kMaxExpandedReferences);
+        if (tExpansionReport != nullptr) {
+            tExpansionReport->add(
+                rules::kEntityExpansion, xmlGetLineNo(attribute->parent),
+                reinterpret_cast<const char*>(attribute->name) + std::string(" of <") +
+                    reinterpret_cast<const char*>(attribute->parent->name) +
+                    "> expands its entity references past " +
+                    std::to_string(kMaxExpandedValueBytes) + " bytes or " +
+                    std::to_string(kMaxExpandedReferences) + " references: it reads as empty");
+        }
         return std::string();
     }
     return value;

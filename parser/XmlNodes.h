@@ -12,6 +12,10 @@
 #include <string>
 #include <string_view>
 
+namespace ovela {
+class LoadReport;
+}
+
 namespace ovela::xml {
 
 inline std::string toString(const xmlChar* text) {
@@ -32,6 +36,10 @@ inline constexpr int kMaxExpandedReferences = 1024;
 // The value of an attribute whose text holds entity references, put together
 // as xmlGetProp does; a value past either bound is logged and read as empty.
 std::string expandedValueOf(const xmlAttr* attribute);
+
+// The report that a value cut short on this thread goes to, if any: the
+// reader sets it for the length of a load.
+void setExpansionReport(LoadReport* report);
 
 // The value of `attribute` as xmlGetProp(element, name) gives it, read from
 // the tree in place. xmlGetProp finds an attribute by its local name alone,

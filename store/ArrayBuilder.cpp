@@ -1,51 +1,49 @@
 #include "ArrayBuilder.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
-#include "ProfileParamArray.h"
+#include "ParamCodes.h"
+#include "ParameterValues.h"
 
 namespace ovela {
 
-namespace {
-
-constexpr size_t kHeaderWords = 2;
-constexpr size_t kEntryHeaderWords = 3;
-
-}  // namespace
-
-ArrayBuilder::ArrayBuilder(int32_t header, size_t capacity)
-    : mWords(std::max(capacity, kHeaderWords), 0), mPosition(kHeaderWords), mOverflowed(false) {
+ArrayBuilder::ArrayBuilder(int32_t* words, size_t capacity, int32_t header)
+    : mWords(words), mCapacity(capacity), mPosition(kArrayHeaderWords), mNeeded(kArrayHeaderWords) {
     mWords[0] = header;
+    mWords[1] = 0;
 }
 
-void ArrayBuilder::append(int32_t device, KyrParameterId code, const std::vector<int>& values) {
-    if (mOverflowed || kEntryHeaderWords + values.size() > mWords.size() - mPosition) {
+void ArrayBuilder::setOrigin(EntrySource source, long line, std::string label) {
+    mOrigin.source = source;
+    mOrigin.line = line;
+    mOrigin.label = std::move(label);
+}
+
+void ArrayBuilder::append(int32_t device, KyrParameterId code,
+                          std::initializer_list<ValueRun> runs) {
+    const size_t words = kEntryHeaderWords + valueCount(runs);
+    mNeeded += words;
+    if (mRecord != nullptr) {
+        mOrigin.words = words;
+        mOrigin.code = code;
+        mRecord->entries.push_back(mOrigin);
+    }
+    if (mOverflowed || words > mCapacity - mPosition) {
         mOverflowed = true;
         return;
     }
-    int* out = mWords.data() + mPosition;
-    out[0] = device;
-    out[1] = code;
-    out[2] = static_cast<int>(values.size());
-    std::copy(values.begin(), values.end(), out + kEntryHeaderWords);
-    mPosition += kEntryHeaderWords + values.size();
+    mPosition += writeEntry(mWords + mPosition, device, code, runs);
     mWords[1]++;
 }
 
-void ArrayBuilder::compose(int32_t device, ParameterValues& entity) {
-    if (mOverflowed) {
-        return;
+void ArrayBuilder::compose(int32_t device, const ParameterValues& entity) {
+    for (const auto& [param, list] : entity.values) {
+        if (kParameterCodes[param] != 0 && !list.empty()) {
+            append(device, kParameterCodes[param], {list});
+        }
     }
-    int room = static_cast<int>(mWords.size() - mPosition);
-    int written = ProfileParamArray::composeParams(mWords.data() + mPosition, room, device, &entity,
-                                                   mWords[1]);
-    if (written < 0) {
-        mOverflowed = true;
-        return;
-    }
-    mPosition += static_cast<size_t>(written);
 }
 
 uint32_t ArrayBuilder::getSizeInBytes() const {
@@ -55,7 +53,7 @@ uint32_t ArrayBuilder::getSizeInBytes() const {
 int32_t* ArrayBuilder::copyArray() const {
     auto* array = static_cast<int32_t*>(malloc(getSizeInBytes()));
     if (array != nullptr) {
-        memcpy(array, mWords.data(), getSizeInBytes());
+        memcpy(array, mWords, getSizeInBytes());
     }
     return array;
 }

@@ -3,33 +3,45 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <vector>
+#include <initializer_list>
+#include <string>
 
 #include "KyrParameterId.h"
+#include "LoadReport.h"
+#include "PackedEntry.h"
 
 namespace ovela {
 
 class ParameterValues;
 
-// Builds one packed parameter array in a room of fixed size. An entry that
-// does not fit is refused and the builder stays overflowed, so that the load
-// which owns it can give up as a whole instead of storing a cut array.
+// Builds one packed parameter array in words that the caller provides. An
+// entry that does not fit is refused and the builder stays overflowed, so that
+// the load which owns it can give up as a whole instead of storing a cut
+// array; it still counts the words that the array would need.
 class ArrayBuilder {
   public:
-    // `header` becomes word 0 (profile id or tuning ordinal); `capacity`
-    // counts words, the two header words included.
-    ArrayBuilder(int32_t header, size_t capacity);
+    // Builds into `words`, room for `capacity` words, header included;
+    // `header` becomes word 0 (profile id or tuning ordinal).
+    ArrayBuilder(int32_t* words, size_t capacity, int32_t header);
 
-    void append(int32_t device, KyrParameterId code, const std::vector<int>& values);
+    // Appends one entry whose values are the runs, in order.
+    void append(int32_t device, KyrParameterId code, std::initializer_list<ValueRun> runs);
     // Appends an entry for every parameter of `entity` that has an effect
     // code and holds values.
-    void compose(int32_t device, ParameterValues& entity);
+    void compose(int32_t device, const ParameterValues& entity);
+
+    // For a load that reports: every entry appended from now on is recorded
+    // in `record` as coming from `source`, the element at `line`, `label`.
+    void recordInto(ArrayRecord* record) { mRecord = record; }
+    void setOrigin(EntrySource source, long line, std::string label);
 
     bool overflowed() const { return mOverflowed; }
     int32_t getHeader() const { return mWords[0]; }
     int32_t getParamCount() const { return mWords[1]; }
     size_t getWordCount() const { return mPosition; }
-    size_t getCapacity() const { return mWords.size(); }
+    // The words that the array needs, refused entries included.
+    size_t getNeededWords() const { return mNeeded; }
+    size_t getCapacity() const { return mCapacity; }
     uint32_t getSizeInBytes() const;
 
     // A malloc'ed copy of the words written so far, for the store to own;
@@ -37,9 +49,13 @@ class ArrayBuilder {
     int32_t* copyArray() const;
 
   private:
-    std::vector<int> mWords;
+    int32_t* mWords;
+    size_t mCapacity;
     size_t mPosition;
-    bool mOverflowed;
+    size_t mNeeded;
+    bool mOverflowed = false;
+    ArrayRecord* mRecord = nullptr;
+    EntryOrigin mOrigin{EntrySource::STORE, 0, std::string(), 0, 0};
 };
 
 }  // namespace ovela

@@ -5,16 +5,21 @@
 #include <log/log.h>
 
 #include <algorithm>
+#include <map>
+#include <memory>
 #include <set>
 #include <vector>
 
 #include "ArrayBuilder.h"
 #include "AudioDevices.h"
+#include "CompositeEntries.h"
 #include "EntityValues.h"
+#include "LoadReport.h"
 #include "OvlProfileId.h"
 #include "ParamCodes.h"
 #include "ParamTables.h"
 #include "SpeakerData.h"
+#include "StoreReport.h"
 #include "TuningConversion.h"
 #include "TuningFileParser.h"
 
@@ -28,6 +33,8 @@ constexpr char kLoadName[] = "loadXMLFile";
 // use and that has no tuning of its own name.
 constexpr char kDefaultTuningName[] = "default";
 constexpr size_t kMixMatrixReserve = 50;
+// Builders of profiles 0 to 9, then of the general array.
+constexpr size_t kBuilderCount = kLastProfileId - kFirstProfileId + 2;
 
 // Profile 1 carries the speaker's rendering configuration.
 constexpr OvlProfileId kSpeakerRenderingProfile = 1;
@@ -35,21 +42,46 @@ constexpr OvlProfileId kSpeakerRenderingProfile = 1;
 // configuration when the file has none.
 constexpr OvlProfileId kHeadphoneRenderingProfile = 8;
 constexpr int kHeadphoneModeNeedingConfig = 2;
-const std::vector<int> kDefaultHeadphoneRenderingConfig = {103, 32568, 11164, 5090, 0, 2, 2, 2};
+constexpr int32_t kDefaultHeadphoneRenderingConfig[] = {103, 32568, 11164, 5090, 0, 2, 2, 2};
 // Virtualizer mode of an endpoint whose settings give none, and the speaker
 // virtualizer mode that renders through the plain output mix matrix.
-constexpr int kDefaultVirtualizerMode = 1;
+constexpr int32_t kDefaultVirtualizerMode[] = {1};
+
+// The output mode entry of an endpoint follows its virtualizer switch with
+// how the endpoint renders. The speaker renders in mode 0 with layout 1,
+// followed by the mix matrix of its virtualizer mode; the other endpoints
+// render on a channel pair, the digital outputs (digital auxiliary, remote
+// submix) in mode 2 and the rest in mode 1.
+constexpr int32_t kSpeakerOutputMode[] = {0, 1};
+constexpr int32_t kDigitalOutputMode = 2;
+constexpr int32_t kEndpointOutputMode = 1;
+constexpr int32_t kEndpointOutputChannels = 2;
+
+bool isDigitalOutput(Endpoint endpoint) {
+    return endpoint == ENDPOINT_AUX_DIGITAL || endpoint == ENDPOINT_REMOTE_SUBMIX;
+}
+
+std::string profileLabel(OvlProfileId profile) {
+    return profile == kGeneralProfileId ? "the general array"
+                                        : "the array of profile " + std::to_string(profile);
+}
 
 // One run of the load over the model of one tuning file.
 class Load {
   public:
-    Load(ParamTables& tables, SpeakerData& speaker)
-        : mTables(tables), mSpeaker(speaker), mConversion(tables, speaker) {
-        mBuilders.reserve(kLastProfileId - kFirstProfileId + 2);
-        for (OvlProfileId id = kFirstProfileId; id <= kLastProfileId; ++id) {
-            mBuilders.emplace_back(id, kProfileCapacity);
+    Load(ParamTables& tables, SpeakerData& speaker, LoadReport* report)
+        : mTables(tables),
+          mSpeaker(speaker),
+          mReport(report),
+          mConversion(tables, speaker, report),
+          mScratch(kBuilderCount * kProfileCapacity) {
+        mBuilders.reserve(kBuilderCount);
+        for (size_t i = 0; i < kBuilderCount; ++i) {
+            const OvlProfileId id =
+                i + 1 < kBuilderCount ? kFirstProfileId + static_cast<int>(i) : kGeneralProfileId;
+            mBuilders.emplace_back(mScratch.data() + i * kProfileCapacity, kProfileCapacity, id);
+            mBuilders.back().recordInto(mReport.profileRecord(id, kProfileCapacity));
         }
-        mBuilders.emplace_back(kGeneralProfileId, kProfileCapacity);
     }
 
     bool run(DeviceData& data) {
@@ -78,15 +110,27 @@ class Load {
     }
 
     void composeProfiles(DeviceData& data) {
+        std::map<int, std::vector<const void*>> byId;
         for (Profile* profile : data.getProfiles()) {
             ArrayBuilder* builder = profileBuilder(profile->getProfileId());
             if (builder == nullptr) {
                 ALOGE("%s() Invalid profile %d: profile skipped", kLoadName,
                       profile->getProfileId());
+                mReport.profileOutOfRange(profile, profile->getProfileId(), true);
                 continue;
             }
+            if (mReport) {
+                byId[profile->getProfileId()].push_back(profile);
+            }
+            mReport.composed(*builder, EntrySource::PROFILE, profile);
             builder->compose(kDeviceAll, *profile);
         }
+        for (const auto& [id, profiles] : byId) {
+            if (profiles.size() > 1) {
+                mDuplicateProfiles.insert(id);
+            }
+        }
+        mReport.duplicateProfiles(byId);
     }
 
     void composeProfileEndpoints(DeviceData& data) {
@@ -97,21 +141,24 @@ class Load {
             if (builder == nullptr) {
                 ALOGE("%s() Invalid profile %d: %s endpoint skipped", kLoadName, profile,
                       kEndpointNames[endpoint]);
+                mReport.profileOutOfRange(settings, profile, false);
                 continue;
             }
             mUsedEndpoints.insert(endpoint);
             int32_t device = deviceForEndpoint(endpoint);
+            mReport.composed(*builder, EntrySource::PROFILE_ENDPOINT, settings);
             builder->compose(device, *settings);
             if (profile == kSpeakerRenderingProfile && endpoint == ENDPOINT_SPEAKER) {
                 keepSpeakerRendering(*settings);
             }
+            mReport.storeEntries(*builder, "the store's defaults for ", settings);
             const std::vector<int>& headphoneMode = valuesOf(*settings, HEADPHONE_VIRTUALIZER_MODE);
             if (profile == kHeadphoneRenderingProfile && !headphoneMode.empty() &&
                 headphoneMode.front() == kHeadphoneModeNeedingConfig &&
                 valuesOf(*settings, ADVANCED_HEADPHONE_VIRTUALIZER_RENDERING_CONFIG).empty()) {
                 builder->append(device,
                                 kParameterCodes[ADVANCED_HEADPHONE_VIRTUALIZER_RENDERING_CONFIG],
-                                kDefaultHeadphoneRenderingConfig);
+                                {kDefaultHeadphoneRenderingConfig});
             }
             for (Parameter mode : {HEADPHONE_VIRTUALIZER_MODE, SPEAKER_VIRTUALIZER_MODE}) {
                 if (valuesOf(*settings, mode).empty()) {
@@ -135,12 +182,19 @@ class Load {
     }
 
     bool convertTunings(DeviceData& data) {
+        std::map<std::string, std::vector<const void*>> byName;
         int counter = 0;
         for (Tuning* tuning : data.getTunings()) {
             std::string name = tuning->getName();
+            if (mReport) {
+                byName[name].push_back(tuning);
+            }
             for (size_t endpoint = 0; endpoint < kNumEndpoints; ++endpoint) {
                 if (name == kEndpointNames[endpoint]) {
                     mUsedEndpoints.erase(static_cast<Endpoint>(endpoint));
+                    if (tuning->getEndpoint() != static_cast<Endpoint>(endpoint)) {
+                        mReport.tuningEndpoint(tuning, name, tuning->getEndpoint());
+                    }
                 }
             }
             if (name == kDefaultTuningName) {
@@ -149,14 +203,20 @@ class Load {
                 return false;
             }
         }
+        mReport.duplicateTunings(byName);
         return true;
     }
 
     void composeDefaultTuning() {
+        if (mReport) {
+            mReport.defaultTuning(mDefaultTuning, std::vector<Endpoint>(mUsedEndpoints.begin(),
+                                                                        mUsedEndpoints.end()));
+        }
         if (mDefaultTuning == nullptr) {
             return;
         }
         for (Endpoint endpoint : mUsedEndpoints) {
+            mReport.composedFor(general(), EntrySource::DEFAULT_TUNING, mDefaultTuning, endpoint);
             general().compose(deviceForEndpoint(endpoint), *mDefaultTuning);
             if (endpoint == ENDPOINT_SPEAKER) {
                 mConversion.setCommonSpeakerParams(mDefaultTuning);
@@ -177,23 +237,29 @@ class Load {
                       kEndpointNames[endpoint]);
                 continue;
             }
+            mReport.storeEntries(*builder, "the output mode of ", settings);
+            mReport.consulted(settings, VIRTUALIZER_ENABLE);
             const std::vector<int>& enable = valuesOf(*settings, VIRTUALIZER_ENABLE);
-            int virtualizer = enable.empty() ? 0 : enable.front();
-            std::vector<int> values;
+            const int32_t virtualizer = enable.empty() ? 0 : enable.front();
+            const int32_t device = deviceForEndpoint(endpoint);
             if (endpoint != ENDPOINT_SPEAKER) {
-                // The outputs past USB (digital auxiliary, remote submix)
-                // take mode 2, the others mode 1.
-                values = {virtualizer, endpoint > ENDPOINT_USB ? 2 : 1, 2};
-            } else {
-                // A mono speaker cannot virtualize.
-                values = {mSpeaker.mono ? 0 : virtualizer, 0, 1};
-                const std::vector<int>& mode = valuesOf(*settings, SPEAKER_VIRTUALIZER_MODE);
-                bool plain = mode.empty() || mode.front() == kDefaultVirtualizerMode;
-                const std::vector<int32_t>& matrix =
-                    plain ? mSpeaker.outputMixMatrix : mSpeaker.advancedOutputMixMatrix;
-                values.insert(values.end(), matrix.begin(), matrix.end());
+                const int32_t values[] = {
+                    virtualizer,
+                    isDigitalOutput(endpoint) ? kDigitalOutputMode : kEndpointOutputMode,
+                    kEndpointOutputChannels};
+                builder->append(device, kOutputModeCode, {values});
+                continue;
             }
-            builder->append(deviceForEndpoint(endpoint), kyrCode("dom"), values);
+            // A mono speaker cannot virtualize.
+            if (mSpeaker.mono && virtualizer != 0) {
+                mReport.monoSpeaker(settings);
+            }
+            const int32_t switched[] = {mSpeaker.mono ? 0 : virtualizer};
+            const std::vector<int>& mode = valuesOf(*settings, SPEAKER_VIRTUALIZER_MODE);
+            const bool plain = mode.empty() || mode.front() == kDefaultVirtualizerMode[0];
+            builder->append(device, kOutputModeCode,
+                            {switched, kSpeakerOutputMode,
+                             plain ? mSpeaker.outputMixMatrix : mSpeaker.advancedOutputMixMatrix});
         }
         mSpeaker.outputMixMatrix.clear();
         mSpeaker.advancedOutputMixMatrix.clear();
@@ -203,21 +269,29 @@ class Load {
         for (IeqPreset* preset : data.getIeqPresets()) {
             const std::vector<int>& frequencies = valuesOf(*preset, IEQ_FREQUENCY);
             const std::vector<int>& targets = valuesOf(*preset, IEQ_TARGET);
-            if (frequencies.empty() || frequencies.size() != targets.size()) {
+            const bool sent = !frequencies.empty() && frequencies.size() == targets.size();
+            if (mReport) {
+                mReport.get()->markUsed(preset);
+                mReport.composite(preset, kIeqBandsCode,
+                                  {{IEQ_FREQUENCY, &frequencies}, {IEQ_TARGET, &targets}}, sent);
+                general().setOrigin(EntrySource::IEQ_PRESET, mReport.get()->lineOf(preset),
+                                    mReport.get()->labelOf(preset));
+            }
+            if (!sent) {
                 continue;
             }
-            std::vector<int> values = {static_cast<int>(frequencies.size())};
-            values.insert(values.end(), frequencies.begin(), frequencies.end());
-            values.insert(values.end(), targets.begin(), targets.end());
-            general().append(kDeviceAll, kyrCode("iebs"), values);
+            const int32_t count[] = {static_cast<int32_t>(frequencies.size())};
+            general().append(kDeviceAll, kIeqBandsCode, {count, frequencies, targets});
         }
     }
 
     void composeGeneral(DeviceData& data) {
         if (data.getGeneral() != nullptr) {
+            mReport.composed(general(), EntrySource::GENERAL, data.getGeneral());
             general().compose(kDeviceAll, *data.getGeneral());
         }
         for (GeneralEndpoint* settings : data.getGeneralEndpoints()) {
+            mReport.composed(general(), EntrySource::GENERAL_ENDPOINT, settings);
             general().compose(deviceForEndpoint(settings->getEndpoint()), *settings);
         }
     }
@@ -227,6 +301,7 @@ class Load {
             if (builder.overflowed()) {
                 ALOGE("%s() profile %d does not fit in %zu words", kLoadName, builder.getHeader(),
                       kProfileCapacity);
+                reportRoom(builder);
                 return false;
             }
         }
@@ -236,32 +311,64 @@ class Load {
                 continue;
             }
             mTables.addProfile(builder.getHeader(), array, builder.getSizeInBytes());
+            if (mReport) {
+                mReport.get()->profileRecord(builder.getHeader()).stored = true;
+            }
             ALOGD("add the profile table: profileId=%d, paramNum=%d, size=%u", builder.getHeader(),
                   builder.getParamCount(), builder.getSizeInBytes());
         }
         return true;
     }
 
+    void reportRoom(const ArrayBuilder& builder) {
+        if (!mReport) {
+            return;
+        }
+        const OvlProfileId id = builder.getHeader();
+        ArrayRecord& record = mReport.get()->profileRecord(id);
+        record.neededWords = builder.getNeededWords();
+        const std::string cause =
+            mDuplicateProfiles.count(id) != 0
+                ? "profile " + std::to_string(id) + " is defined more than once"
+                : std::string();
+        mReport.arrayRoom(profileLabel(id), record, cause);
+    }
+
     ParamTables& mTables;
     SpeakerData& mSpeaker;
+    StoreReport mReport;
     TuningConversion mConversion;
+    // One zeroed area for every builder: nothing is allocated while composing.
+    std::vector<int32_t> mScratch;
     // Builders of profiles 0 to 9, then of the general array.
     std::vector<ArrayBuilder> mBuilders;
     // Endpoints that profiles use; those without a tuning of their own name
     // take the default tuning.
     std::set<Endpoint> mUsedEndpoints;
     Tuning* mDefaultTuning = nullptr;
+    std::set<int> mDuplicateProfiles;
 };
 
 }  // namespace
 
-bool loadProfileArrays(const std::string& path, ParamTables& tables, SpeakerData& speaker) {
-    TuningFileParser parser;
-    if (parser.setTuningFile(path) != 0) {
+bool loadProfileArrays(const std::string& path, ParamTables& tables, SpeakerData& speaker,
+                       LoadReport* report) {
+    auto parser = std::make_unique<TuningFileParser>();
+    if (parser->setTuningFile(path, report) != 0) {
         ALOGE("XML parses error!!");
+        if (report != nullptr && !report->hasErrors()) {
+            report->add(rules::kXmlSyntax, 0, "the file does not load");
+        }
         return false;
     }
-    return Load(tables, speaker).run(*parser.getDeviceData());
+    const bool loaded = Load(tables, speaker, report).run(*parser->getDeviceData());
+    if (report != nullptr) {
+        if (loaded) {
+            report->reportUnsent();
+        }
+        report->keepReader(std::move(parser));
+    }
+    return loaded;
 }
 
 }  // namespace ovela

@@ -6,6 +6,7 @@
 
 namespace ovela {
 
+class LoadReport;
 class ParamTables;
 struct SpeakerData;
 
@@ -17,8 +18,10 @@ constexpr size_t kProfileCapacity = 1200;
 // 0 to 9, the general array (-1) and one array per named tuning; `speaker`
 // takes what the file says about the internal speaker. Returns false when the
 // file cannot be read or an array outgrows its room; the caller then discards
-// `tables` and `speaker`, which may hold part of the load.
-bool loadProfileArrays(const std::string& path, ParamTables& tables, SpeakerData& speaker);
+// `tables` and `speaker`, which may hold part of the load. `report`, when
+// given, learns what the load decided, and keeps the model it read.
+bool loadProfileArrays(const std::string& path, ParamTables& tables, SpeakerData& speaker,
+                       LoadReport* report);
 
 }  // namespace ovela
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include "ParamCodes.h"
@@ -46,20 +47,27 @@ void copyArray(const int32_t* array, uint32_t size, void* out) {
 
 ProfileParamArray::ProfileParamArray() : ProfileParamArray(kDefaultTuningFile) {}
 
-ProfileParamArray::ProfileParamArray(std::string path) {
-    loadXMLFile(path);
+ProfileParamArray::ProfileParamArray(std::string path)
+    : ProfileParamArray(std::move(path), nullptr) {}
+
+ProfileParamArray::ProfileParamArray(std::string path, LoadReport* report) {
+    loadXMLFile(std::move(path), report);
 }
 
 ProfileParamArray::~ProfileParamArray() = default;
 
 void ProfileParamArray::loadXMLFile(std::string path) {
+    loadXMLFile(std::move(path), nullptr);
+}
+
+void ProfileParamArray::loadXMLFile(std::string path, LoadReport* report) {
     ALOGD("%s", __func__);
     android::Mutex::Autolock lock(mLock);
     // Everything is built aside and taken over only when the whole file
     // loaded, so that a failed load leaves the store as it was.
     ParamTables tables;
     SpeakerData speaker = mSpeaker;
-    if (!loadProfileArrays(path, tables, speaker)) {
+    if (!loadProfileArrays(path, tables, speaker, report)) {
         return;
     }
     mTables.takeFrom(tables);

@@ -14,6 +14,7 @@
 
 namespace ovela {
 
+class LoadReport;
 class ParameterValues;
 
 // The process-wide parameter store: the packed arrays of every profile, of
@@ -27,12 +28,19 @@ class ProfileParamArray : public android::Singleton<ProfileParamArray> {
     ProfileParamArray();
     // Loads `path` instead, for tools and tests that need a store of their own.
     explicit ProfileParamArray(std::string path);
+    // The same, telling `report` what the load skips, changes or drops.
+    ProfileParamArray(std::string path, LoadReport* report);
     virtual ~ProfileParamArray();
 
     // Adds the arrays of the tuning file at `path` to the store, replacing
     // those with the same profile id or tuning name. A file that cannot be
     // read, or whose arrays outgrow their room, changes nothing.
     void loadXMLFile(std::string path);
+    // The same, telling `report` everything that the load decided: what it
+    // skipped, changed, dropped or never sent, with the lines of the file,
+    // and whether the file loaded. The report also keeps the model the load
+    // read and the origin of every entry.
+    void loadXMLFile(std::string path, LoadReport* report);
 
     // Appends to `out` one entry (device, code, count, values) for every
     // parameter of `values` that has an effect code and holds values, and

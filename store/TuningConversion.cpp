@@ -10,7 +10,9 @@
 
 #include "ArrayBuilder.h"
 #include "AudioDevices.h"
+#include "CompositeEntries.h"
 #include "EntityValues.h"
+#include "ParamCodes.h"
 #include "ParamTables.h"
 #include "SpeakerData.h"
 #include "Tuning.h"
@@ -21,14 +23,11 @@ namespace {
 
 constexpr char kSpeakerTuningName[] = "speaker";
 // The composite entries carry the channel count of their stereo pair.
-constexpr int kStereoChannels = 2;
+constexpr int32_t kStereoChannels = 2;
 // The effect takes six sibilance bands per side; a five-band file is padded
 // with a leading 0 on each side.
 constexpr size_t kFileSibilanceBands = 5;
-
-void appendAll(std::vector<int>& to, const std::vector<int>& from) {
-    to.insert(to.end(), from.begin(), from.end());
-}
+constexpr int32_t kSibilancePadding[] = {0};
 
 // True when every list holds values and all hold the same number of them.
 bool sameBandCount(std::initializer_list<const std::vector<int>*> lists) {
@@ -41,101 +40,131 @@ bool sameBandCount(std::initializer_list<const std::vector<int>*> lists) {
     return true;
 }
 
-void appendComplexEqualizer(ArrayBuilder& builder, int32_t device, const Tuning& tuning) {
-    const std::vector<int>& left = valuesOf(tuning, COMPLEX_EQUALIZER_TUNING_LEFT);
-    const std::vector<int>& right = valuesOf(tuning, COMPLEX_EQUALIZER_TUNING_RIGHT);
-    if (!sameBandCount({&left, &right})) {
-        return;
-    }
-    std::vector<int> values = {kStereoChannels, static_cast<int>(left.size())};
-    appendAll(values, left);
-    appendAll(values, right);
-    builder.append(device, kyrCode("ceqt"), values);
-}
+// Builds the composite entries of one tuning into one builder.
+class Composites {
+  public:
+    Composites(ArrayBuilder& builder, int32_t device, const Tuning& tuning, StoreReport& report)
+        : mBuilder(builder), mDevice(device), mTuning(tuning), mReport(report) {}
 
-void appendSibilanceSuppression(ArrayBuilder& builder, int32_t device, const Tuning& tuning) {
-    const std::vector<int>& left = valuesOf(tuning, REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_LEFT);
-    const std::vector<int>& right = valuesOf(tuning, REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_RIGHT);
-    if (!sameBandCount({&left, &right})) {
-        return;
-    }
-    bool padded = left.size() == kFileSibilanceBands;
-    std::vector<int> values = {kStereoChannels, static_cast<int>(left.size() + (padded ? 1 : 0))};
-    for (const std::vector<int>* side : {&left, &right}) {
-        if (padded) {
-            values.push_back(0);
+    void complexEqualizer() {
+        const std::vector<int>& left = list(COMPLEX_EQUALIZER_TUNING_LEFT);
+        const std::vector<int>& right = list(COMPLEX_EQUALIZER_TUNING_RIGHT);
+        if (!sent(kComplexEqualizerCode,
+                  {{COMPLEX_EQUALIZER_TUNING_LEFT, &left}, {COMPLEX_EQUALIZER_TUNING_RIGHT, &right}},
+                  {&left, &right})) {
+            return;
         }
-        appendAll(values, *side);
+        const int32_t head[] = {kStereoChannels, static_cast<int32_t>(left.size())};
+        mBuilder.append(mDevice, kComplexEqualizerCode, {head, left, right});
     }
-    builder.append(device, kyrCode("rssa"), values);
-}
 
-void appendAudioOptimizer(ArrayBuilder& builder, int32_t device, const Tuning& tuning) {
-    const std::vector<int>& frequencies = valuesOf(tuning, AUDIO_OPTIMIZER_FREQUENCY);
-    const std::vector<int>& left = valuesOf(tuning, AUDIO_OPTIMIZER_GAIN_L);
-    const std::vector<int>& right = valuesOf(tuning, AUDIO_OPTIMIZER_GAIN_R);
-    if (!sameBandCount({&frequencies, &left, &right})) {
-        return;
+    void sibilanceSuppression() {
+        const std::vector<int>& left = list(REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_LEFT);
+        const std::vector<int>& right = list(REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_RIGHT);
+        if (!sent(kSibilanceSuppressionCode,
+                  {{REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_LEFT, &left},
+                   {REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_RIGHT, &right}},
+                  {&left, &right})) {
+            return;
+        }
+        const bool padded = left.size() == kFileSibilanceBands;
+        const ValueRun padding(kSibilancePadding, padded ? 1 : 0);
+        const int32_t head[] = {kStereoChannels, static_cast<int32_t>(left.size() + padding.size)};
+        mBuilder.append(mDevice, kSibilanceSuppressionCode, {head, padding, left, padding, right});
     }
-    // Here the effect wants the band count before the channel count.
-    std::vector<int> values = {static_cast<int>(frequencies.size()), kStereoChannels};
-    appendAll(values, frequencies);
-    appendAll(values, left);
-    appendAll(values, right);
-    builder.append(device, kyrCode("aobs"), values);
-}
 
-// Sent in addition to the plain "arsa" entry of the same values: the effect
-// reads the channel count from this one.
-void appendRegulatorStress(ArrayBuilder& builder, int32_t device, const Tuning& tuning) {
-    const std::vector<int>& stress = valuesOf(tuning, REGULATOR_STRESS_AMOUNT);
-    if (stress.empty()) {
-        return;
+    void audioOptimizer() {
+        const std::vector<int>& frequencies = list(AUDIO_OPTIMIZER_FREQUENCY);
+        const std::vector<int>& left = list(AUDIO_OPTIMIZER_GAIN_L);
+        const std::vector<int>& right = list(AUDIO_OPTIMIZER_GAIN_R);
+        if (!sent(kAudioOptimizerCode,
+                  {{AUDIO_OPTIMIZER_FREQUENCY, &frequencies},
+                   {AUDIO_OPTIMIZER_GAIN_L, &left},
+                   {AUDIO_OPTIMIZER_GAIN_R, &right}},
+                  {&frequencies, &left, &right})) {
+            return;
+        }
+        // Here the effect wants the band count before the channel count.
+        const int32_t head[] = {static_cast<int32_t>(frequencies.size()), kStereoChannels};
+        mBuilder.append(mDevice, kAudioOptimizerCode, {head, frequencies, left, right});
     }
-    std::vector<int> values = {kStereoChannels};
-    appendAll(values, stress);
-    builder.append(device, kyrCode("arsa"), values);
-}
 
-void appendRegulatorBands(ArrayBuilder& builder, int32_t device, const Tuning& tuning) {
-    const std::vector<int>& frequencies = valuesOf(tuning, REGULATOR_FREQUENCY);
-    const std::vector<int>& low = valuesOf(tuning, REGULATOR_THRESHOLD_LOW);
-    const std::vector<int>& high = valuesOf(tuning, REGULATOR_THRESHOLD_HIGH);
-    const std::vector<int>& isolated = valuesOf(tuning, REGULATOR_ISOLATED_BAND);
-    if (!sameBandCount({&frequencies, &low, &high, &isolated})) {
-        return;
+    // Sent in addition to the plain "arsa" entry of the same values: the
+    // effect reads the channel count from this one.
+    void regulatorStress() {
+        const std::vector<int>& stress = list(REGULATOR_STRESS_AMOUNT);
+        if (stress.empty()) {
+            return;
+        }
+        const int32_t head[] = {kStereoChannels};
+        mBuilder.append(mDevice, kParameterCodes[REGULATOR_STRESS_AMOUNT], {head, stress});
     }
-    std::vector<int> values = {static_cast<int>(frequencies.size())};
-    appendAll(values, frequencies);
-    appendAll(values, low);
-    appendAll(values, high);
-    appendAll(values, isolated);
-    builder.append(device, kyrCode("arbs"), values);
-}
+
+    void regulatorBands() {
+        const std::vector<int>& frequencies = list(REGULATOR_FREQUENCY);
+        const std::vector<int>& low = list(REGULATOR_THRESHOLD_LOW);
+        const std::vector<int>& high = list(REGULATOR_THRESHOLD_HIGH);
+        const std::vector<int>& isolated = list(REGULATOR_ISOLATED_BAND);
+        if (!sent(kRegulatorBandsCode,
+                  {{REGULATOR_FREQUENCY, &frequencies},
+                   {REGULATOR_THRESHOLD_LOW, &low},
+                   {REGULATOR_THRESHOLD_HIGH, &high},
+                   {REGULATOR_ISOLATED_BAND, &isolated}},
+                  {&frequencies, &low, &high, &isolated})) {
+            return;
+        }
+        const int32_t head[] = {static_cast<int32_t>(frequencies.size())};
+        mBuilder.append(mDevice, kRegulatorBandsCode, {head, frequencies, low, high, isolated});
+    }
+
+  private:
+    const std::vector<int>& list(Parameter parameter) { return valuesOf(mTuning, parameter); }
+
+    bool sent(KyrParameterId code, std::initializer_list<ListOf> named,
+              std::initializer_list<const std::vector<int>*> lists) {
+        const bool same = sameBandCount(lists);
+        mReport.composite(&mTuning, code, named, same);
+        return same;
+    }
+
+    ArrayBuilder& mBuilder;
+    int32_t mDevice;
+    const Tuning& mTuning;
+    StoreReport& mReport;
+};
 
 }  // namespace
 
-TuningConversion::TuningConversion(ParamTables& tables, SpeakerData& speaker)
-    : mTables(tables), mSpeaker(speaker) {}
+TuningConversion::TuningConversion(ParamTables& tables, SpeakerData& speaker, LoadReport* report)
+    : mTables(tables), mSpeaker(speaker), mReport(report), mScratch(kTuningCapacity) {}
 
 bool TuningConversion::convertTuning(Tuning* tuning, int& counter) {
-    std::string name = tuning->getName();
-    int32_t device = deviceForEndpoint(tuning->getEndpoint());
-    ArrayBuilder builder(counter, kTuningCapacity);
+    const std::string name = tuning->getName();
+    const int32_t device = deviceForEndpoint(tuning->getEndpoint());
+    ArrayBuilder builder(mScratch.data(), kTuningCapacity, counter);
+    ArrayRecord* record = mReport.tuningRecord(name, kTuningCapacity);
+    builder.recordInto(record);
+    mReport.composed(builder, EntrySource::TUNING, tuning);
     builder.compose(device, *tuning);
     if (name == kSpeakerTuningName) {
         setCommonSpeakerParams(tuning);
     }
-    appendComplexEqualizer(builder, device, *tuning);
-    appendSibilanceSuppression(builder, device, *tuning);
-    appendAudioOptimizer(builder, device, *tuning);
-    appendRegulatorStress(builder, device, *tuning);
-    appendRegulatorBands(builder, device, *tuning);
+    Composites composites(builder, device, *tuning, mReport);
+    composites.complexEqualizer();
+    composites.sibilanceSuppression();
+    composites.audioOptimizer();
+    composites.regulatorStress();
+    composites.regulatorBands();
+    if (record != nullptr) {
+        record->neededWords = builder.getNeededWords();
+    }
     if (builder.overflowed()) {
         ALOGE("%s() tuning %s does not fit in %zu words", __func__, name.c_str(), kTuningCapacity);
+        mReport.arrayRoom("tuning " + name, *record, std::string());
         return false;
     }
     if (builder.getParamCount() == 0) {
+        mReport.emptyTuning(tuning);
         return true;
     }
     int32_t* array = builder.copyArray();
@@ -143,6 +172,9 @@ bool TuningConversion::convertTuning(Tuning* tuning, int& counter) {
         return true;
     }
     mTables.addTuning(name, array, builder.getSizeInBytes(), tuning->getEndpoint());
+    if (record != nullptr) {
+        record->stored = true;
+    }
     counter++;
     ALOGD("add the tuning table: tuning=%s, paramNum=%zu, size=%u", name.c_str(),
           builder.getWordCount(), builder.getSizeInBytes());
@@ -165,8 +197,13 @@ void TuningConversion::setCommonSpeakerParams(Tuning* tuning) {
             angle = values.front();
         }
     }
-    appendAll(mSpeaker.outputMixMatrix, valuesOf(*tuning, OUTPUT_MIX_MATRIX));
-    appendAll(mSpeaker.advancedOutputMixMatrix, valuesOf(*tuning, ADVANCED_OUTPUT_MIX_MATRIX));
+    for (Parameter matrix : {OUTPUT_MIX_MATRIX, ADVANCED_OUTPUT_MIX_MATRIX}) {
+        const std::vector<int>& values = valuesOf(*tuning, matrix);
+        std::vector<int32_t>& kept = matrix == OUTPUT_MIX_MATRIX ? mSpeaker.outputMixMatrix
+                                                                 : mSpeaker.advancedOutputMixMatrix;
+        kept.insert(kept.end(), values.begin(), values.end());
+        mReport.consulted(tuning, matrix);
+    }
 }
 
 }  // namespace ovela

@@ -2,9 +2,14 @@
 #define OVELA_TUNING_CONVERSION_H
 
 #include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "StoreReport.h"
 
 namespace ovela {
 
+class LoadReport;
 class ParamTables;
 class Tuning;
 struct SpeakerData;
@@ -17,7 +22,7 @@ class TuningConversion {
     // Room of one tuning array in words, header included.
     static constexpr size_t kTuningCapacity = 1100;
 
-    TuningConversion(ParamTables& tables, SpeakerData& speaker);
+    TuningConversion(ParamTables& tables, SpeakerData& speaker, LoadReport* report);
 
     // Builds the tuning's array (its plain entries, then the composite "ceqt",
     // "rssa", "aobs", "arsa" and "arbs" entries) and adds it under the tuning's
@@ -34,6 +39,9 @@ class TuningConversion {
   private:
     ParamTables& mTables;
     SpeakerData& mSpeaker;
+    StoreReport mReport;
+    // The words of the array being built, reused from tuning to tuning.
+    std::vector<int32_t> mScratch;
 };
 
 }  // namespace ovela

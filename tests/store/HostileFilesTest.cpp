@@ -20,16 +20,20 @@
 #include "PackedWords.h"
 #include "ProfileParamArray.h"
 #include "TempFile.h"
+#include "TuningFileCorpus.h"
 #include "TuningFileText.h"
 
 namespace ovela {
 namespace {
 
+using testing::billionLaughs;
 using testing::LogCapture;
 using testing::packed;
 using testing::profile;
 using testing::profileWords;
 using testing::sampleFile;
+using testing::Snapshot;
+using testing::snapshotOf;
 using testing::TempFile;
 using testing::tuning;
 using testing::tuningFile;
@@ -64,38 +68,6 @@ std::vector<int32_t> rowValues(int count) {
     return values;
 }
 
-// Everything that the store hands out: each profile array, each listed
-// tuning's array, and each endpoint's list of tunings.
-struct Snapshot {
-    std::map<std::string, std::vector<int32_t>> arrays;
-    std::map<std::string, std::vector<std::string>> tunings;
-
-    bool operator==(const Snapshot& other) const {
-        return arrays == other.arrays && tunings == other.tunings;
-    }
-};
-
-void PrintTo(const Snapshot& snapshot, std::ostream* out) {
-    for (const auto& [what, words] : snapshot.arrays) {
-        *out << what << ": " << words.size() << " words; ";
-    }
-}
-
-Snapshot snapshotOf(ProfileParamArray& store) {
-    Snapshot snapshot;
-    for (OvlProfileId id = kGeneralProfileId; id <= kLastProfileId; ++id) {
-        snapshot.arrays["profile " + std::to_string(id)] = profileWords(store, id);
-    }
-    for (size_t index = 0; index < kNumEndpoints; ++index) {
-        const auto endpoint = static_cast<Endpoint>(index);
-        snapshot.tunings[kEndpointNames[index]] = tuningNames(store, endpoint);
-        for (const std::string& name : tuningNames(store, endpoint)) {
-            snapshot.arrays["tuning " + name] = tuningWords(store, name);
-        }
-    }
-    return snapshot;
-}
-
 bool anyArrayHolds(const Snapshot& snapshot, int32_t word) {
     for (const auto& [what, words] : snapshot.arrays) {
         if (std::find(words.begin(), words.end(), word) != words.end()) {
@@ -103,20 +75,6 @@ bool anyArrayHolds(const Snapshot& snapshot, int32_t word) {
         }
     }
     return false;
-}
-
-// Nine levels of entities, each ten references to the one below: a billion
-// copies of "lol" if anything expanded them.
-std::string billionLaughs() {
-    std::string doctype = "<!DOCTYPE tuning_file [\n    <!ENTITY lol0 \"lol\">\n";
-    for (int level = 1; level <= 9; ++level) {
-        std::string references;
-        for (int i = 0; i < 10; ++i) {
-            references += "&lol" + std::to_string(level - 1) + ";";
-        }
-        doctype += "    <!ENTITY lol" + std::to_string(level) + " \"" + references + "\">\n";
-    }
-    return doctype + "]>\n";
 }
 
 TEST(HostileFilesTest, EntityExpansionFailsTheLoadAndKeepsWhatTheStoreHeld) {

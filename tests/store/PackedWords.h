@@ -3,7 +3,10 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <map>
+#include <ostream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "KyrParameterId.h"
@@ -85,6 +88,54 @@ inline std::vector<std::string> tuningNames(ProfileParamArray& store, Endpoint e
         start = blank + 1;
     }
     return names;
+}
+
+// Everything that the store hands out: each profile array, each listed
+// tuning's array, and each endpoint's list of tunings.
+struct Snapshot {
+    std::map<std::string, std::vector<int32_t>> arrays;
+    std::map<std::string, std::vector<std::string>> tunings;
+
+    bool operator==(const Snapshot& other) const {
+        return arrays == other.arrays && tunings == other.tunings;
+    }
+};
+
+inline void PrintTo(const Snapshot& snapshot, std::ostream* out) {
+    for (const auto& [what, words] : snapshot.arrays) {
+        *out << what << ": " << words.size() << " words; ";
+    }
+}
+
+// The snapshot with the entries of each array in a fixed order and without
+// the tunings' ordinals: what two loads of one file give whatever the order in
+// which the model's sets, ordered by address, list their entities.
+inline Snapshot canonical(Snapshot snapshot) {
+    for (auto& [what, words] : snapshot.arrays) {
+        std::vector<Entry> entries = entriesOf(words);
+        std::sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) {
+            return std::tie(a.device, a.code, a.values) < std::tie(b.device, b.code, b.values);
+        });
+        if (!words.empty()) {
+            words = packed(what.rfind("tuning ", 0) == 0 ? 0 : words[0], entries);
+        }
+    }
+    return snapshot;
+}
+
+inline Snapshot snapshotOf(ProfileParamArray& store) {
+    Snapshot snapshot;
+    for (OvlProfileId id = kGeneralProfileId; id <= kLastProfileId; ++id) {
+        snapshot.arrays["profile " + std::to_string(id)] = profileWords(store, id);
+    }
+    for (size_t index = 0; index < kNumEndpoints; ++index) {
+        const auto endpoint = static_cast<Endpoint>(index);
+        snapshot.tunings[kEndpointNames[index]] = tuningNames(store, endpoint);
+        for (const std::string& name : tuningNames(store, endpoint)) {
+            snapshot.arrays["tuning " + name] = tuningWords(store, name);
+        }
+    }
+    return snapshot;
 }
 
 }  // namespace ovela::testing

@@ -32,7 +32,7 @@ class TuningConversionTest : public ::testing::Test {
 
     ParamTables mTables;
     SpeakerData mSpeaker;
-    TuningConversion mConversion{mTables, mSpeaker};
+    TuningConversion mConversion{mTables, mSpeaker, nullptr};
 };
 
 TEST_F(TuningConversionTest, PlainEntriesCarryTheEndpointDeviceAndTheOrdinal) {

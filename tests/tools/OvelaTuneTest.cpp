@@ -1,9 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <nlohmann/json.hpp>
+#include <regex>
 #include <sstream>
 
 #include "Commands.h"
+#include "LoadRules.h"
 #include "PackedArrays.h"
 #include "TempFile.h"
 
@@ -33,16 +37,6 @@ std::vector<std::string> linesOf(const std::string& text) {
         lines.push_back(line);
     }
     return lines;
-}
-
-// What check prints for `path`: each finding ("LINE: message") behind the
-// path, then the count.
-std::string checkReport(const std::string& path, const std::vector<std::string>& findings) {
-    std::string report;
-    for (const std::string& finding : findings) {
-        report += path + ":" + finding + "\n";
-    }
-    return report + path + ": " + std::to_string(findings.size()) + " findings\n";
 }
 
 std::vector<uint8_t> profileBytes(ProfileParamArray& store, int profile) {
@@ -158,9 +152,9 @@ TEST(OvelaTuneDumpTest, NarrowsToOneProfileOrTuning) {
     ASSERT_EQ(document["tunings"].size(), 1u);
     EXPECT_EQ(document["tunings"][0]["name"], "speaker");
 
-    EXPECT_EQ(runOvelaTune({"dump", "--tuning", "nowhere"}).exitCode, kExitFindings);
+    EXPECT_EQ(runOvelaTune({"dump", "--tuning", "nowhere"}).exitCode, kExitUsage);
     EXPECT_EQ(runOvelaTune({"dump", "--profile", "10"}).exitCode, kExitUsage);
-    EXPECT_EQ(runOvelaTune({"dump", dataFile("no-such-file.xml")}).exitCode, kExitFindings);
+    EXPECT_EQ(runOvelaTune({"dump", dataFile("no-such-file.xml")}).exitCode, kExitDoesNotLoad);
 }
 
 TEST(OvelaTuneTest, UsageErrorsExitWithTwoAndHelpWithZero) {
@@ -170,7 +164,7 @@ TEST(OvelaTuneTest, UsageErrorsExitWithTwoAndHelpWithZero) {
     EXPECT_EQ(runOvelaTune({"dump", "a.xml", "b.xml"}).exitCode, kExitUsage);
     EXPECT_EQ(runOvelaTune({"apply"}).exitCode, kExitUsage);
     EXPECT_EQ(runOvelaTune({"apply", "--profile", "0", "--tuning", "x"}).exitCode, kExitUsage);
-    EXPECT_EQ(runOvelaTune({"check"}).exitCode, kExitUsage);
+    EXPECT_EQ(runOvelaTune({"check", "--format=xml"}).exitCode, kExitUsage);
     for (const char* command : {"dump", "tunings", "apply", "check"}) {
         ToolRun help = runOvelaTune({command, "--help"});
         EXPECT_EQ(help.exitCode, kExitOk) << command;
@@ -240,100 +234,70 @@ TEST(OvelaTuneTest, ApplyPrintsTheCallsTheEffectReceives) {
     EXPECT_NE(unknown.out.find("setEndpointTuning(usb, missing) = -22\n"), std::string::npos);
 }
 
-TEST(OvelaTuneCheckTest, TheSampleIsClean) {
-    ToolRun run = runOvelaTune({"check", sampleFile()});
-    EXPECT_EQ(run.exitCode, kExitOk) << run.out;
-    EXPECT_EQ(run.out, sampleFile() + ": clean\n");
-}
-
-TEST(OvelaTuneCheckTest, ReportsEachKindOfFindingWithItsLine) {
-    const std::string path = dataFile("check-findings.xml");
-    ToolRun run = runOvelaTune({"check", path});
-    EXPECT_EQ(run.exitCode, kExitFindings);
-    const std::vector<std::string> expected = {
-        "3: unknown attribute \"build\" of <format_version> is ignored",
-        "4: unknown element <signature> in the root is ignored",
-        "7: unknown attribute \"name\" of <ieq-enable> is ignored",
-        "7: <ieq-enable> has \"value\" after another attribute, and the reader reads only "
-        "the first: it reads as 0",
-        "8: value \"ten\" of <ieq-amount> is not a number: it reads as 0",
-        "9: endpoint \"Headphone\" of <endpoint_type> is not an endpoint name: it reads as "
-        "other (did you mean headphone?)",
-        "10: unknown element <virtual-bass-enable> in an <endpoint_type> of profile 1 is ignored",
-        "15: a second <endpoint_type> for headphone in profile 1: both are sent",
-        "19: preset \"Warm\" names no IEQ preset type: it reads as off (the reader is "
-        "case-sensitive)",
-        "21: profile id 1 is defined again (first at line 5): both are sent in the same array",
-        "27: endpoint \"speakers\" of <tuning> is not an endpoint name: it reads as speaker",
-        "27: mono_device \"1\" of tuning speaker is not exactly true or false: the tuning is "
-        "stereo",
-        "27: tuning speaker gives the effect no values: no endpoint can select it",
-        "28: tuning speaker gives lists of unequal length (regulator_frequency 2, "
-        "regulator_threshold_low 2, regulator_threshold_high 1, regulator_isolated_band 2): "
-        "its \"arbs\" entry is dropped",
-        "31: isolated_band \"yes\" of <band> is not exactly true or false: it reads as 0",
-        "35: tuning bare has no data element: the tuning is dropped",
-        "38: tuning silent gives the effect no values: no endpoint can select it",
-        "42: field \"x\" of <row> is not a number: it repeats the field before it",
-    };
-    EXPECT_EQ(run.out, checkReport(path, expected));
-}
-
-TEST(OvelaTuneCheckTest, ReportsShapesThatLoseDataOrFailTheLoad) {
-    TempFile file(R"(<tuning_file>
-    <preset type="ieq" id="ieq_warm">
-        <bands>
-            <list>
-                <band_ieq frequency="100"/>
-            </list>
-        </bands>
-    </preset>
-    <preset type="IEQ" id="x"/>
-    <general><settings>
-            <auxiliary-system-gain-enable value="true"/>
-        </settings>
-    </general>
-</tuning_file>
-)");
-    ToolRun run = runOvelaTune({"check", file.path()});
-    EXPECT_EQ(run.exitCode, kExitFindings);
-    EXPECT_EQ(run.out,
-              checkReport(file.path(),
-                          {"2: the preset type=ieq id=ieq_warm has no \"target\" values: the whole "
-                           "file fails to load",
-                           "9: preset type \"IEQ\" is not one the reader knows: the preset is "
-                           "ignored (did you mean ieq?)",
-                           "10: <settings> comes first in <general> with no text before it, and "
-                           "the reader skips the first child: indent the file",
-                           "10: <general> has no wrapper element: none of its settings are read"}));
-}
-
-TEST(OvelaTuneCheckTest, ReportsEntityDeclarationsAndReadsReferencesUnexpanded) {
-    TempFile file(R"(<!DOCTYPE tuning_file [<!ENTITY gain "-96">]>
-<tuning_file>
+// A file with one warning and no error: a setting that reads as 0.
+constexpr char kWarningFile[] = R"(<tuning_file>
     <general>
         <settings>
-            <auxiliary-system-gain-enable value="&gain;"/>
+            <auxiliary-system-gain-enable values="1"/>
         </settings>
     </general>
 </tuning_file>
-)");
-    ToolRun run = runOvelaTune({"check", file.path()});
-    EXPECT_EQ(run.exitCode, kExitFindings);
-    EXPECT_EQ(run.out,
-              checkReport(file.path(),
-                          {"2: the file declares entities, which a tuning file has no use for: "
-                           "the reader expands their references in attribute values (up to a "
-                           "limit), check reads them as written",
-                           "5: value \"&gain;\" of <auxiliary-system-gain-enable> is built from "
-                           "entity references, which check does not expand"}));
+)";
+
+TEST(OvelaTuneCheckTest, PrintsEachFindingOnALineOfItsOwnAndExitsByTheWorstFile) {
+    TempFile warning(kWarningFile);
+    const std::string missing = dataFile("no-such-file.xml");
+    ToolRun run = runOvelaTune({"check", sampleFile(), warning.path(), missing});
+    EXPECT_EQ(run.exitCode, kExitDoesNotLoad);
+    const std::regex line(R"(^(.+):(\d+):(\d+): (error|warning|note): .+ \[[a-z-]+\]$)");
+    std::vector<std::string> summaries;
+    for (const std::string& text : linesOf(run.out)) {
+        std::smatch match;
+        if (!std::regex_match(text, match, line)) {
+            summaries.push_back(text);
+        }
+    }
+    EXPECT_NE(run.out.find(warning.path() +
+                           ":4:0: warning: <auxiliary-system-gain-enable> has no value attribute, "
+                           "only values: it reads as 0 (did you mean value?) [missing-value]\n"),
+              std::string::npos)
+        << run.out;
+    EXPECT_NE(
+        run.out.find(missing + ":0:0: error: " + missing + ": no such file [file-unreadable]\n"),
+        std::string::npos)
+        << run.out;
+    ASSERT_EQ(summaries.size(), 3u) << run.out;
+    EXPECT_EQ(summaries[0].rfind(sampleFile() + ": loads, 0 errors, 0 warnings, ", 0), 0u);
+    EXPECT_EQ(summaries[1], warning.path() + ": loads, 0 errors, 1 warning, 0 notes");
+    EXPECT_EQ(summaries[2], missing + ": does not load, 1 error, 0 warnings, 0 notes");
+
+    EXPECT_EQ(runOvelaTune({"check", sampleFile()}).exitCode, kExitOk);
+    EXPECT_EQ(runOvelaTune({"check", sampleFile(), warning.path()}).exitCode, kExitFindings);
 }
 
-TEST(OvelaTuneCheckTest, NonXmlFailsTheLoad) {
-    TempFile file("not xml at all");
-    ToolRun run = runOvelaTune({"check", file.path()});
+TEST(OvelaTuneCheckTest, JsonCarriesTheFilesAndTheFindings) {
+    TempFile warning(kWarningFile);
+    ToolRun run = runOvelaTune({"check", "--format=json", warning.path()});
     EXPECT_EQ(run.exitCode, kExitFindings);
-    EXPECT_EQ(run.out, file.path() + ": not a tuning file (no XML document): the load fails\n");
+    nlohmann::json expected = nlohmann::json::parse(R"json({
+        "files": [{"loads": true, "errors": 0, "warnings": 1, "notes": 0}],
+        "findings": [{"line": 4, "column": 0, "severity": "warning", "rule": "missing-value",
+                      "message": "<auxiliary-system-gain-enable> has no value attribute, only values: it reads as 0 (did you mean value?)"}]
+    })json");
+    expected["files"][0]["file"] = warning.path();
+    expected["findings"][0]["file"] = warning.path();
+    EXPECT_EQ(nlohmann::json::parse(run.out), expected);
+}
+
+// The README's table of rules is the one that "check --rules" prints.
+TEST(OvelaTuneCheckTest, ReadmeListsEveryRule) {
+    ToolRun run = runOvelaTune({"check", "--rules"});
+    ASSERT_EQ(run.exitCode, kExitOk);
+    EXPECT_EQ(linesOf(run.out).size(), kLoadRuleCount + 2);
+    std::ifstream readme(std::string(OVELA_SOURCE_DIR) + "/README.md");
+    const std::string text((std::istreambuf_iterator<char>(readme)),
+                           std::istreambuf_iterator<char>());
+    EXPECT_NE(text.find(run.out), std::string::npos) << run.out;
 }
 
 }  // namespace

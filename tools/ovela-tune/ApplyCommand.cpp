@@ -4,6 +4,7 @@
 #include <ovela/ProfileParamCache.h>
 
 #include "Commands.h"
+#include "LoadedFile.h"
 #include "PackedArrays.h"
 
 namespace ovela::tune {
@@ -38,14 +39,14 @@ void ignoreXmlError(void*, const char*, ...) {}
 // The cache reaches the store through the process-wide instance, which loads
 // the device's default file on first use: that file is not on a host, so its
 // failure is kept out of the tool's output before FILE is loaded instead.
-ProfileParamArray& storeWith(const std::string& path) {
+ProfileParamArray& storeWith(LoadedFile& file) {
     int previous = __android_log_get_minimum_priority();
     __android_log_set_minimum_priority(ANDROID_LOG_SILENT);
     xmlSetGenericErrorFunc(nullptr, ignoreXmlError);
     ProfileParamArray& store = ProfileParamArray::getInstance();
     xmlSetGenericErrorFunc(nullptr, nullptr);
     __android_log_set_minimum_priority(previous);
-    store.loadXMLFile(path);
+    store.loadXMLFile(file.path, &file.report);
     return store;
 }
 
@@ -71,10 +72,11 @@ int runApply(const CommandLine& line, std::ostream& out, std::ostream& err) {
         return kExitUsage;
     }
 
-    ProfileParamArray& store = storeWith(path);
-    if (!storeLoaded(store)) {
-        err << "ovela-tune apply: " << path << " does not load\n";
-        return kExitFindings;
+    LoadedFile file;
+    file.path = path;
+    storeWith(file);
+    if (!file.loads()) {
+        return doesNotLoad("apply", file, err);
     }
     PrintingEffect effect(out);
     ProfileParamCache cache;

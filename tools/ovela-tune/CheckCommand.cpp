@@ -1,92 +1,121 @@
-#include <android/log.h>
-#include <libxml/hash.h>
-#include <libxml/parser.h>
+#include <ovela/LoadReport.h>
 
 #include <algorithm>
-#include <memory>
+#include <iomanip>
+#include <nlohmann/json.hpp>
 
 #include "Commands.h"
-#include "PackedArrays.h"
-#include "TuningFileLint.h"
+#include "LoadedFile.h"
 
 namespace ovela::tune {
 
 namespace {
 
-// The name under which the store folds a tuning into the general array
-// instead of keeping an array for it.
-constexpr char kDefaultTuning[] = "default";
-
-struct DocumentFree {
-    void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
+struct CheckedFile {
+    std::string path;
+    bool loads;
+    std::vector<LoadFinding> findings;
+    size_t count(Severity severity) const {
+        return std::count_if(findings.begin(), findings.end(),
+                             [&](const LoadFinding& f) { return f.severity == severity; });
+    }
 };
 
-// Loads the file into a store of its own, with the library's log lines kept
-// out of the report, and names the tunings that no endpoint can select.
-std::vector<Finding> unselectableTunings(const std::string& path,
-                                         const std::map<std::string, long>& tunings) {
-    int previous = __android_log_get_minimum_priority();
-    __android_log_set_minimum_priority(ANDROID_LOG_SILENT);
-    ProfileParamArray store(path);
-    __android_log_set_minimum_priority(previous);
+// The real load of the file, with a report: what the effect would receive is
+// what check speaks about.
+CheckedFile checkFile(const std::string& path) {
+    const std::unique_ptr<LoadedFile> loaded = loadFile(path);
+    CheckedFile file{path, loaded->loads(), loaded->report.findings()};
+    // What stops the load comes first; the rest in the order of the file.
+    std::stable_sort(file.findings.begin(), file.findings.end(),
+                     [](const LoadFinding& a, const LoadFinding& b) {
+                         if ((a.severity == Severity::ERROR) != (b.severity == Severity::ERROR)) {
+                             return a.severity == Severity::ERROR;
+                         }
+                         return a.line < b.line;
+                     });
+    return file;
+}
 
-    std::vector<Finding> findings;
-    if (!storeLoaded(store)) {
-        return findings;  // the lint has said why
+std::string counted(size_t count, const char* what) {
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+void printText(const std::vector<CheckedFile>& files, std::ostream& out) {
+    for (const CheckedFile& file : files) {
+        for (const LoadFinding& f : file.findings) {
+            out << file.path << ":" << f.line << ":" << f.column << ": " << severityName(f.severity)
+                << ": " << f.message << " [" << f.rule << "]\n";
+        }
+        out << file.path << ": " << (file.loads ? "loads" : "does not load") << ", "
+            << counted(file.count(Severity::ERROR), "error") << ", "
+            << counted(file.count(Severity::WARNING), "warning") << ", "
+            << counted(file.count(Severity::NOTE), "note") << "\n";
     }
-    std::vector<std::string> available = allTunings(store);
-    for (const auto& [name, line] : tunings) {
-        if (name != kDefaultTuning &&
-            std::find(available.begin(), available.end(), name) == available.end()) {
-            findings.push_back({line, "tuning " + name +
-                                          " gives the effect no values: no endpoint can "
-                                          "select it"});
+}
+
+void printJson(const std::vector<CheckedFile>& files, std::ostream& out) {
+    nlohmann::json document = {{"files", nlohmann::json::array()},
+                               {"findings", nlohmann::json::array()}};
+    for (const CheckedFile& file : files) {
+        document["files"].push_back({{"file", file.path},
+                                     {"loads", file.loads},
+                                     {"errors", file.count(Severity::ERROR)},
+                                     {"warnings", file.count(Severity::WARNING)},
+                                     {"notes", file.count(Severity::NOTE)}});
+        for (const LoadFinding& f : file.findings) {
+            document["findings"].push_back({{"file", file.path},
+                                            {"line", f.line},
+                                            {"column", f.column},
+                                            {"severity", severityName(f.severity)},
+                                            {"rule", f.rule},
+                                            {"message", f.message}});
         }
     }
-    return findings;
+    out << document.dump(2) << "\n";
+}
+
+void printRules(std::ostream& out) {
+    out << "| Rule | Level | Example |\n|---|---|---|\n";
+    for (size_t i = 0; i < kLoadRuleCount; ++i) {
+        const LoadRule& rule = *kLoadRules[i];
+        out << "| `" << rule.name << "` | " << severityName(rule.severity) << " | `" << rule.example
+            << "` |\n";
+    }
 }
 
 }  // namespace
 
 int runCheck(const CommandLine& line, std::ostream& out, std::ostream& err) {
-    if (line.positional().size() != 1) {
-        err << "ovela-tune check: give one tuning file\n";
-        return kExitUsage;
-    }
-    const std::string& path = line.positional()[0];
-    // Read as the library reads it: no options, so whitespace nodes and line
-    // numbers are as the reader sees them.
-    std::unique_ptr<xmlDoc, DocumentFree> document(xmlReadFile(path.c_str(), nullptr, 0));
-    xmlNode* root = document == nullptr ? nullptr : xmlDocGetRootElement(document.get());
-    if (root == nullptr) {
-        out << path << ": not a tuning file (no XML document): the load fails\n";
-        return kExitFindings;
-    }
-
-    TuningFileLint lint;
-    std::vector<Finding> findings = lint.run(root);
-    const xmlDtd* declarations = document->intSubset;
-    if (declarations != nullptr && declarations->entities != nullptr &&
-        xmlHashSize(static_cast<xmlHashTablePtr>(declarations->entities)) > 0) {
-        findings.push_back({xmlGetLineNo(root),
-                            "the file declares entities, which a tuning file has no use for: "
-                            "the reader expands their references in attribute values (up to a "
-                            "limit), check reads them as written"});
-    }
-    for (const Finding& finding : unselectableTunings(path, lint.tunings())) {
-        findings.push_back(finding);
-    }
-    std::stable_sort(findings.begin(), findings.end(),
-                     [](const Finding& a, const Finding& b) { return a.line < b.line; });
-    for (const Finding& finding : findings) {
-        out << path << ":" << finding.line << ": " << finding.message << "\n";
-    }
-    if (findings.empty()) {
-        out << path << ": clean\n";
+    if (line.has("rules")) {
+        printRules(out);
         return kExitOk;
     }
-    out << path << ": " << findings.size() << (findings.size() == 1 ? " finding\n" : " findings\n");
-    return kExitFindings;
+    const std::string format = line.has("format") ? line.value("format") : "text";
+    if (format != "text" && format != "json") {
+        err << "ovela-tune check: --format takes text or json\n";
+        return kExitUsage;
+    }
+    std::vector<std::string> paths;
+    if (!tuningFileArguments(line, &paths, err)) {
+        return kExitUsage;
+    }
+    std::vector<CheckedFile> files;
+    int status = kExitOk;
+    for (const std::string& path : paths) {
+        files.push_back(checkFile(path));
+        if (!files.back().loads) {
+            status = kExitDoesNotLoad;
+        } else if (files.back().count(Severity::WARNING) != 0 && status == kExitOk) {
+            status = kExitFindings;
+        }
+    }
+    if (format == "json") {
+        printJson(files, out);
+    } else {
+        printText(files, out);
+    }
+    return status;
 }
 
 }  // namespace ovela::tune

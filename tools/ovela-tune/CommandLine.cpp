@@ -10,10 +10,22 @@ std::optional<CommandLine> CommandLine::parse(const std::vector<std::string>& wo
                                               const std::vector<OptionSpec>& specs,
                                               std::string* error) {
     CommandLine line;
+    bool optionsEnded = false;
     for (size_t i = 0; i < words.size(); ++i) {
         const std::string& word = words[i];
-        if (word.rfind("--", 0) != 0 || word.size() == 2) {
-            line.mPositional.push_back(word);
+        if (!optionsEnded && word == "--") {
+            optionsEnded = true;
+            continue;
+        }
+        if (optionsEnded || word.rfind("--", 0) != 0) {
+            if (!optionsEnded && word == "-h") {
+                line.mOptions["help"] = "";
+            } else if (!optionsEnded && word.size() > 1 && word[0] == '-') {
+                *error = "unknown option " + word;
+                return std::nullopt;
+            } else {
+                line.mPositional.push_back(word);
+            }
             continue;
         }
         std::string name = word.substr(2);

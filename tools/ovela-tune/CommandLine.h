@@ -10,8 +10,12 @@ namespace ovela::tune {
 
 // Exit codes of every command.
 constexpr int kExitOk = 0;
-constexpr int kExitFindings = 1;  // findings, or a file that does not load
+// check: a file loads with warnings; diff: the files differ; apply: a call
+// of the cache failed.
+constexpr int kExitFindings = 1;
+// Bad arguments; for diff, any trouble, a file that does not load included.
 constexpr int kExitUsage = 2;
+constexpr int kExitDoesNotLoad = 3;
 
 struct OptionSpec {
     const char* name;       // without the leading "--"
@@ -19,7 +23,8 @@ struct OptionSpec {
     const char* help;
 };
 
-// The words after the command name: positional arguments and --options.
+// The words after the command name: positional arguments and --options;
+// "-h" is "--help", and every word after "--" is positional.
 class CommandLine {
   public:
     // Fails with a message for an unknown option or a missing value.

@@ -51,9 +51,11 @@ const std::vector<Command>& commands() {
           kHelp},
          runApply},
         {"check",
-         "FILE",
-         "report what the reader accepts silently but a tuning engineer wants to know",
-         {kHelp},
+         "[FILE...] [--format=text|json] [--rules]",
+         "report what the load of each FILE skips, changes, drops or never sends",
+         {{"format", "text|json", "text lines FILE:LINE:COLUMN: LEVEL: message [rule], or JSON"},
+          {"rules", nullptr, "list every rule with its level and an example"},
+          kHelp},
          runCheck},
     };
     return kCommands;
@@ -97,6 +99,14 @@ bool tuningFileArgument(const CommandLine& line, std::string* path, std::ostream
         return false;
     }
     *path = line.positional().empty() ? OVELA_SAMPLE_TUNING_FILE : line.positional()[0];
+    return true;
+}
+
+bool tuningFileArguments(const CommandLine& line, std::vector<std::string>* paths, std::ostream&) {
+    *paths = line.positional();
+    if (paths->empty()) {
+        paths->push_back(OVELA_SAMPLE_TUNING_FILE);
+    }
     return true;
 }
 

@@ -31,6 +31,10 @@ int runTool(const std::vector<std::string>& arguments, std::ostream& out, std::o
 // The tuning file a command reads: its one positional argument, or the
 // sample shipped with the project. Fails (usage) on more than one.
 bool tuningFileArgument(const CommandLine& line, std::string* path, std::ostream& err);
+// The tuning files of a command that reads several: its positional
+// arguments, or the sample.
+bool tuningFileArguments(const CommandLine& line, std::vector<std::string>* paths,
+                         std::ostream& err);
 
 struct DumpSelection {
     std::string path;  // the file the store was loaded from, as the JSON names it

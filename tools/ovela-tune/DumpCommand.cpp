@@ -2,6 +2,7 @@
 #include <nlohmann/json.hpp>
 
 #include "Commands.h"
+#include "LoadedFile.h"
 #include "PackedArrays.h"
 
 namespace ovela::tune {
@@ -126,17 +127,16 @@ int runDump(const CommandLine& line, std::ostream& out, std::ostream& err) {
         selection.tuning = line.value("tuning");
     }
 
-    ProfileParamArray store(selection.path);
-    if (!storeLoaded(store)) {
-        err << "ovela-tune dump: " << selection.path << " does not load\n";
-        return kExitFindings;
+    const std::unique_ptr<LoadedFile> file = loadFile(selection.path);
+    if (!file->loads()) {
+        return doesNotLoad("dump", *file, err);
     }
-    if (selection.tuning && store.getTuningParamsSize(*selection.tuning) == 0) {
+    if (selection.tuning && file->store->getTuningParamsSize(*selection.tuning) == 0) {
         err << "ovela-tune dump: " << selection.path << " has no tuning " << *selection.tuning
             << "\n";
-        return kExitFindings;
+        return kExitUsage;
     }
-    dumpStore(store, selection, out);
+    dumpStore(*file->store, selection, out);
     return kExitOk;
 }
 

@@ -110,8 +110,4 @@ std::optional<KyrParameterId> codeFromText(const std::string& text) {
     return static_cast<KyrParameterId>(code);
 }
 
-bool storeLoaded(ProfileParamArray& store) {
-    return store.getProfileParamsSize(-1) != 0;
-}
-
 }  // namespace ovela::tune

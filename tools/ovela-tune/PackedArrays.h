@@ -47,9 +47,6 @@ std::optional<int32_t> deviceFromName(const std::string& name);
 // The inverse of kyrCodeText(); nothing for text that is not 1 to 4 characters.
 std::optional<KyrParameterId> codeFromText(const std::string& text);
 
-// True when the store loaded a file: every load stores the general array.
-bool storeLoaded(ProfileParamArray& store);
-
 }  // namespace ovela::tune
 
 #endif  // OVELA_TUNE_PACKED_ARRAYS_H

@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "LoadedFile.h"
 #include "PackedArrays.h"
 
 namespace ovela::tune {
@@ -8,11 +9,11 @@ int runTunings(const CommandLine& line, std::ostream& out, std::ostream& err) {
     if (!tuningFileArgument(line, &path, err)) {
         return kExitUsage;
     }
-    ProfileParamArray store(path);
-    if (!storeLoaded(store)) {
-        err << "ovela-tune tunings: " << path << " does not load\n";
-        return kExitFindings;
+    const std::unique_ptr<LoadedFile> file = loadFile(path);
+    if (!file->loads()) {
+        return doesNotLoad("tunings", *file, err);
     }
+    ProfileParamArray& store = *file->store;
     for (size_t endpoint = 0; endpoint < kNumEndpoints; ++endpoint) {
         std::vector<std::string> names = availableTunings(store, static_cast<Endpoint>(endpoint));
         out << kEndpointNames[endpoint] << ":";

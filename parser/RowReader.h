@@ -1,0 +1,35 @@
+#ifndef OVELA_ROW_READER_H
+#define OVELA_ROW_READER_H
+
+#include <string>
+#include <utility>
+#include <vector>
+
+// Reading of comma-separated rows; not part of the library's interface.
+namespace ovela {
+
+// What reading a row found besides its numbers, for a load that reports.
+struct RowProblems {
+    // Fields that a run of commas, or a comma at the start, leaves empty. A
+    // comma at the end leaves nothing behind.
+    int emptyFields = 0;
+    // Fields that are not a whole number, with the value each reads as.
+    struct NotANumber {
+        std::string field;
+        int readAs;
+        bool repeats;  // it holds no number at all and repeats the value before it
+    };
+    std::vector<NotANumber> notNumbers;
+    // Numbers past the int range, with the value each wraps to.
+    std::vector<std::pair<std::string, int>> outOfRange;
+};
+
+// Appends the numbers of `text` to `row`. Runs of commas separate like one, so
+// empty fields do not exist; a field that holds no number repeats the value
+// before it (0 at the start), and a field reads as sscanf's "%d" reads it.
+// `problems`, when given, collects what a person would not expect.
+void readRow(const std::string& text, std::vector<int>& row, RowProblems* problems);
+
+}  // namespace ovela
+
+#endif  // OVELA_ROW_READER_H

@@ -1,0 +1,108 @@
+#include "XmlDocumentReport.h"
+
+#include <libxml/globals.h>
+#include <libxml/hash.h>
+#include <libxml/parser.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "LoadReport.h"
+
+namespace ovela {
+
+namespace {
+
+// Why the file at `path` cannot be read as a file, or empty.
+std::string fileProblem(const std::string& path) {
+    struct stat status;
+    if (stat(path.c_str(), &status) != 0) {
+        return errno == ENOENT ? "no such file" : strerror(errno);
+    }
+    if (S_ISDIR(status.st_mode)) {
+        return "a directory, not a file";
+    }
+    return std::string();
+}
+
+std::string trimmed(const char* message) {
+    std::string text = message == nullptr ? "" : message;
+    while (!text.empty() && (text.back() == '\n' || text.back() == ' ')) {
+        text.pop_back();
+    }
+    return text;
+}
+
+}  // namespace
+
+XmlDocumentReport::XmlDocumentReport(LoadReport* report, const std::string& path)
+    : mReport(report), mPath(path) {
+    if (mReport == nullptr) {
+        return;
+    }
+    // The handler is libxml2's per-thread one, so this changes nothing for
+    // other threads.
+    mPreviousHandler = xmlStructuredError;
+    mPreviousContext = xmlStructuredErrorContext;
+    xmlSetStructuredErrorFunc(this, collect);
+    mInstalled = true;
+}
+
+XmlDocumentReport::~XmlDocumentReport() {
+    restore();
+}
+
+void XmlDocumentReport::restore() {
+    if (mInstalled) {
+        xmlSetStructuredErrorFunc(mPreviousContext, mPreviousHandler);
+        mInstalled = false;
+    }
+}
+
+int XmlDocumentReport::options() const {
+    return mReport == nullptr ? 0 : XML_PARSE_BIG_LINES;
+}
+
+void XmlDocumentReport::collect(void* context, xmlError* error) {
+    auto* self = static_cast<XmlDocumentReport*>(context);
+    self->mErrors.push_back({error->level, error->line, error->int2, trimmed(error->message)});
+}
+
+void XmlDocumentReport::parsed(const xmlDoc* document) {
+    restore();
+    if (mReport == nullptr) {
+        return;
+    }
+    if (document == nullptr) {
+        const std::string problem = fileProblem(mPath);
+        if (!problem.empty()) {
+            mReport->add(rules::kFileUnreadable, 0, mPath + ": " + problem);
+            return;
+        }
+        // The first error is the cause; the ones after it follow from it.
+        for (const Error& error : mErrors) {
+            if (error.level >= XML_ERR_ERROR) {
+                mReport->addAt(rules::kXmlSyntax, error.line, error.column,
+                               "not well-formed XML: " + error.message);
+                return;
+            }
+        }
+        mReport->add(rules::kXmlSyntax, 0, "libxml2 cannot read the file");
+        return;
+    }
+    for (const Error& error : mErrors) {
+        mReport->addAt(rules::kXmlWarning, error.line, error.column, error.message);
+    }
+    const xmlDtd* declarations = document->intSubset;
+    if (declarations != nullptr && declarations->entities != nullptr &&
+        xmlHashSize(static_cast<xmlHashTablePtr>(declarations->entities)) > 0) {
+        // libxml2 keeps no line for declarations: the finding names the root's.
+        const xmlNode* root = xmlDocGetRootElement(document);
+        mReport->add(rules::kEntityDeclaration, root == nullptr ? 0 : xmlGetLineNo(root),
+                     "the file declares entities, which a tuning file has no use for: the reader "
+                     "expands their references in attribute values, up to a limit");
+    }
+}
+
+}  // namespace ovela

@@ -1,0 +1,54 @@
+#ifndef OVELA_XML_DOCUMENT_REPORT_H
+#define OVELA_XML_DOCUMENT_REPORT_H
+
+#include <libxml/tree.h>
+#include <libxml/xmlerror.h>
+
+#include <string>
+#include <vector>
+
+// What libxml2 says while it reads a tuning file, for a load that reports;
+// not part of the library's interface.
+namespace ovela {
+
+class LoadReport;
+
+// Lives around one xmlReadFile call. With a report it collects libxml2's
+// errors instead of letting them go to stderr, and tells the report why a
+// document could not be read, or what libxml2 recovered from; without one it
+// changes nothing.
+class XmlDocumentReport {
+  public:
+    XmlDocumentReport(LoadReport* report, const std::string& path);
+    ~XmlDocumentReport();
+    XmlDocumentReport(const XmlDocumentReport&) = delete;
+    XmlDocumentReport& operator=(const XmlDocumentReport&) = delete;
+
+    // The options to read the file with: none, so that the tree holds every
+    // node; with a report, line numbers past 65535 are kept as well, which
+    // leaves the tree as it is.
+    int options() const;
+    // Call with what xmlReadFile returned.
+    void parsed(const xmlDoc* document);
+
+  private:
+    struct Error {
+        int level;
+        long line;
+        long column;
+        std::string message;
+    };
+    static void collect(void* context, xmlError* error);
+    void restore();
+
+    LoadReport* mReport;
+    const std::string& mPath;
+    xmlStructuredErrorFunc mPreviousHandler = nullptr;
+    void* mPreviousContext = nullptr;
+    bool mInstalled = false;
+    std::vector<Error> mErrors;
+};
+
+}  // namespace ovela
+
+#endif  // OVELA_XML_DOCUMENT_REPORT_H

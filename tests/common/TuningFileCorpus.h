@@ -1,0 +1,47 @@
+#ifndef OVELA_TESTS_TUNING_FILE_CORPUS_H
+#define OVELA_TESTS_TUNING_FILE_CORPUS_H
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+// Tuning files that several suites share: the malformed inputs, the hostile
+// ones, variants of the sample, and everything together.
+namespace ovela::testing {
+
+struct CorpusFile {
+    std::string name;
+    std::string text;
+};
+
+// Inputs that are no tuning file as the reader knows it, with what
+// setTuningFile returns for each.
+struct MalformedInput {
+    const char* name;
+    std::string text;
+    int result;
+};
+std::vector<MalformedInput> malformedInputs();
+
+inline void PrintTo(const MalformedInput& input, std::ostream* out) {
+    *out << input.name;
+}
+
+// Nine levels of entities, each ten references to the one below: a billion
+// copies of "lol" if anything expanded them.
+std::string billionLaughs();
+
+std::string sampleText();
+
+// The sample written otherwise without changing anything that a reader of
+// the file means: other line ends, tabs, a byte order mark, UTF-16, single
+// quotes, end tags for empty elements, comments, a trailing comma.
+std::vector<CorpusFile> harmlessSampleVariants();
+
+// Every tuning file that the tests keep as text: the fixtures under
+// tests/data, the malformed and hostile inputs, the sample and its variants.
+std::vector<CorpusFile> tuningFileCorpus();
+
+}  // namespace ovela::testing
+
+#endif  // OVELA_TESTS_TUNING_FILE_CORPUS_H

@@ -1,0 +1,315 @@
+// What a load with a report says about a file: each decision at its line and
+// level, one finding per cause, and never a different load than without it.
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "LoadReport.h"
+#include "LogCapture.h"
+#include "PackedWords.h"
+#include "ProfileParamArray.h"
+#include "TempFile.h"
+#include "TuningFileCorpus.h"
+
+namespace ovela {
+namespace {
+
+using testing::canonical;
+using testing::LogCapture;
+using testing::Snapshot;
+using testing::snapshotOf;
+using testing::TempFile;
+
+// A file that loads with nothing to report; each case edits it.
+constexpr char kClean[] = R"(<?xml version="1.0"?>
+<tuning_file>
+    <general>
+        <settings>
+            <auxiliary-system-gain-enable value="true"/>
+            <endpoint_type id="speaker">
+                <auxiliary-system-gain value="-96"/>
+            </endpoint_type>
+        </settings>
+    </general>
+    <preset type="ieq" id="ieq_warm">
+        <ieq>
+            <bands>
+                <band_ieq frequency="100" target="1"/>
+                <band_ieq frequency="200" target="2"/>
+            </bands>
+        </ieq>
+    </preset>
+    <profile id="2" name="music">
+        <settings>
+            <ieq-amount value="7"/>
+            <drc-metadata data="0,1,2"/>
+            <endpoint_type id="speaker">
+                <volume-leveler-amount value="7"/>
+            </endpoint_type>
+        </settings>
+        <include preset="ieq_warm"/>
+    </profile>
+    <tuning name="speaker" endpoint_type="speaker" mono_device="false">
+        <data>
+            <bass-enhancer-boost value="192"/>
+            <regulator-stress-amount data="96,96,80,80"/>
+            <complex-equalizer-tuning-left data="1,2"/>
+            <complex-equalizer-tuning-right data="3,4"/>
+            <regulator-tuning>
+                <band frequency="65" threshold_low="-272" threshold_high="-136" isolated_band="true"/>
+            </regulator-tuning>
+            <output-mode>
+                <mix_matrix>
+                    <row coefficients="1,0"/>
+                    <row coefficients="0,1"/>
+                </mix_matrix>
+            </output-mode>
+        </data>
+    </tuning>
+</tuning_file>
+)";
+
+struct Edit {
+    std::string from;
+    std::string to;
+};
+
+struct Case {
+    const char* name;
+    std::vector<Edit> edits;
+    const char* finding;  // "rule@line level"
+};
+
+void PrintTo(const Case& c, std::ostream* out) {
+    *out << c.name;
+}
+
+std::string edited(const std::vector<Edit>& edits) {
+    std::string text = kClean;
+    for (const Edit& edit : edits) {
+        const size_t at = text.find(edit.from);
+        EXPECT_NE(at, std::string::npos) << edit.from;
+        if (at != std::string::npos) {
+            text.replace(at, edit.from.size(), edit.to);
+        }
+    }
+    return text;
+}
+
+std::string described(const LoadFinding& finding) {
+    return finding.rule + "@" + std::to_string(finding.line) + " " + severityName(finding.severity);
+}
+
+std::vector<LoadFinding> findingsOf(const std::string& path, Snapshot* snapshot = nullptr) {
+    LogCapture log;
+    LoadReport report;
+    ProfileParamArray store(path, &report);
+    if (snapshot != nullptr) {
+        *snapshot = snapshotOf(store);
+    }
+    return report.findings();
+}
+
+class LoadReportTest : public ::testing::TestWithParam<Case> {};
+
+// The finding the case expects, and no other error or warning: what follows
+// from a cause is not reported again.
+TEST_P(LoadReportTest, ReportsTheDecisionOnceAtItsLine) {
+    TempFile file(edited(GetParam().edits));
+    const std::string expected = GetParam().finding;
+    std::vector<std::string> found;
+    for (const LoadFinding& finding : findingsOf(file.path())) {
+        if (finding.severity != Severity::NOTE || described(finding) == expected) {
+            found.push_back(described(finding));
+        }
+    }
+    EXPECT_EQ(found, std::vector<std::string>{expected});
+}
+
+// ",0,0,..." with `count` zeros.
+std::string zeros(int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) {
+        text += ",0";
+    }
+    return text;
+}
+
+const std::string kSpeakerSettings =
+    "            <endpoint_type id=\"speaker\">\n                <volume";
+const std::string kTuningEnd = "        </data>\n    </tuning>\n";
+const std::string kProfileEnd = "        <include preset=\"ieq_warm\"/>\n    </profile>\n";
+
+INSTANTIATE_TEST_SUITE_P(
+    EveryRule, LoadReportTest,
+    ::testing::Values(
+        Case{"XmlSyntax", {{"<profile id=\"2\"", "<profile id=2"}}, "xml-syntax@19 error"},
+        Case{"PresetWithoutTargets",
+             {{"target=", "tagret="}, {"target=", "tagret="}},
+             "preset-without-bands@11 error"},
+        Case{"CommentBeforePresetWrapper",
+             {{"ieq_warm\">\n", "ieq_warm\"><!-- x -->\n"}},
+             "preset-without-bands@11 error"},
+        Case{"ProfilePastItsRoom",
+             {{"data=\"0,1,2\"", "data=\"0" + zeros(1200) + "\""}},
+             "array-room@19 error"},
+        Case{"XmlWarning",
+             {{"<tuning_file>", "<tuning_file xmlns:x=\"a b\">"}},
+             "xml-warning@2 warning"},
+        Case{"NotIndented",
+             {{"<data>\n            <bass", "<data><bass"}},
+             "not-indented@30 warning"},
+        Case{"CommentBeforeProfileSettings",
+             {{"music\">\n", "music\"><!-- x -->\n"}},
+             "position@19 warning"},
+        Case{"DataElementNamedOtherwise",
+             {{"<data>", "<dat>"}, {"</data>", "</dat>"}},
+             "positional-name@30 warning"},
+        Case{"ElementAfterTheData",
+             {{kTuningEnd,
+               "        </data>\n        <bass-enhancer-width value=\"1\"/>\n    </tuning>\n"}},
+             "not-read@45 warning"},
+        Case{"UnknownElement", {{"<ieq-amount", "<ieq-amout"}}, "unknown-element@21 warning"},
+        Case{"UnknownAttribute",
+             {{"isolated_band=\"true\"", "isolated_band=\"true\" q=\"1\""}},
+             "unknown-attribute@36 warning"},
+        Case{"RowAttributeNamedOtherwise",
+             {{"<drc-metadata data=", "<drc-metadata dat="}},
+             "attribute-name@22 warning"},
+        Case{"ValueAttributeNamedOtherwise",
+             {{"<ieq-amount value=", "<ieq-amount values="}},
+             "missing-value@21 warning"},
+        Case{"InvisibleCharacter",
+             {{"value=\"192\"", "value=\"192\xc2\xa0\""}},
+             "not-a-number@31 warning"},
+        Case{"RowFieldNotANumber", {{"data=\"96,96", "data=\"96,x"}}, "not-a-number@32 warning"},
+        Case{"TruthWordInCapitals",
+             {{"mono_device=\"false\"", "mono_device=\"TRUE\""}},
+             "truth-word@29 warning"},
+        Case{"NumberPastTheRange",
+             {{"value=\"7\"", "value=\"99999999999\""}},
+             "number-range@21 warning"},
+        Case{"EmptyField", {{"96,96,80", "96,,80"}}, "empty-field@32 warning"},
+        Case{"EmptyRow", {{"data=\"96,96,80,80\"", "data=\"\""}}, "empty-list@32 warning"},
+        Case{"SettingTwice",
+             {{"<ieq-amount value=\"7\"/>", "<ieq-amount value=\"7\"/><ieq-amount value=\"8\"/>"}},
+             "duplicate-element@21 warning"},
+        Case{"EndpointSectionTwice",
+             {{kSpeakerSettings,
+               "            <endpoint_type id=\"speaker\">\n            </endpoint_type>\n" +
+                   kSpeakerSettings}},
+             "duplicate-section@25 warning"},
+        Case{"ProfileTwice",
+             {{kProfileEnd,
+               kProfileEnd + "    <profile id=\"2\">\n        <settings/>\n" + kProfileEnd}},
+             "duplicate-profile@29 warning"},
+        Case{"TuningTwice",
+             {{kTuningEnd, kTuningEnd +
+                               "    <tuning name=\"speaker\">\n        <data>\n"
+                               "            <bass-enhancer-width value=\"1\"/>\n" +
+                               kTuningEnd}},
+             "duplicate-tuning@46 warning"},
+        Case{"PresetTwice",
+             {{"    <profile id=\"2\"",
+               "    <preset type=\"ieq\" id=\"warm\">\n        <ieq>\n            <bands>\n"
+               "                <band_ieq frequency=\"1\" target=\"1\"/>\n"
+               "            </bands>\n        </ieq>\n    </preset>\n    <profile id=\"2\""}},
+             "duplicate-preset@19 warning"},
+        Case{"BandTwice", {{"frequency=\"200\"", "frequency=\"100\""}}, "duplicate-band@13 warning"},
+        Case{"EndpointInCapitals",
+             {{kSpeakerSettings,
+               "            <endpoint_type id=\"Speaker\">\n                <volume"}},
+             "unknown-endpoint@23 warning"},
+        Case{"IncludeInCapitals",
+             {{"preset=\"ieq_warm\"", "preset=\"Warm\""}},
+             "unknown-preset@27 warning"},
+        Case{
+            "PresetTypeInCapitals", {{"type=\"ieq\"", "type=\"IEQ\""}}, "unknown-preset@11 warning"},
+        Case{"NoInclude",
+             {{"        <include preset=\"ieq_warm\"/>\n", ""}},
+             "include-missing@19 warning"},
+        Case{"IncludeOfAnUndefinedPreset",
+             {{"preset=\"ieq_warm\"", "preset=\"ieq_detailed\""}},
+             "include-undefined@27 warning"},
+        Case{"TuningWithoutData",
+             {{kTuningEnd, kTuningEnd + "    <tuning name=\"t\">\n        <device_id id=\"x\"/>\n"
+                                        "    </tuning>\n"}},
+             "no-data@46 warning"},
+        Case{"TuningThatSendsNothing",
+             {{kTuningEnd, kTuningEnd +
+                               "    <tuning name=\"t\">\n        <data>\n"
+                               "            <regulator-tuning/>\n" +
+                               kTuningEnd}},
+             "empty-tuning@46 warning"},
+        Case{"TuningNamedAfterAnotherEndpoint",
+             {{"endpoint_type=\"speaker\" mono", "endpoint_type=\"headphone\" mono"}},
+             "tuning-endpoint@29 warning"},
+        Case{"ProfileOutsideTheRange",
+             {{"<profile id=\"2\"", "<profile id=\"12\""}},
+             "profile-id@19 warning"},
+        Case{"MatrixRowsOfUnequalLength",
+             {{"coefficients=\"0,1\"", "coefficients=\"0,1,2\""}},
+             "matrix-rows@39 warning"},
+        Case{"ComplexEqualizerOfUnequalSides",
+             {{"data=\"3,4\"", "data=\"3,4,5\""}},
+             "composite-dropped@29 warning"},
+        Case{"ValueThatNoArrayCarries",
+             {{"mono_device=\"false\"", "orientation=\"0\""}},
+             "never-sent@29 note"},
+        Case{"DefaultTuning",
+             {{"<tuning name=\"speaker\"", "<tuning name=\"default\""}},
+             "default-tuning@29 note"},
+        Case{"NoTuningForAnEndpoint",
+             {{"<tuning name=\"speaker\" endpoint_type=\"speaker\"",
+               "<tuning name=\"headphone\" endpoint_type=\"headphone\""}},
+             "no-tuning@0 note"},
+        Case{"MonoSpeaker",
+             {{"mono_device=\"false\"", "mono_device=\"true\""},
+              {"<volume-leveler-amount value=\"7\"/>", "<virtualizer-enable value=\"true\"/>"}},
+             "mono-speaker@23 note"},
+        Case{"EntityDeclaration",
+             {{"<tuning_file>", "<!DOCTYPE tuning_file [<!ENTITY e \"1\">]>\n<tuning_file>"}},
+             "entity-declaration@3 note"}),
+    [](const ::testing::TestParamInfo<Case>& info) { return std::string(info.param.name); });
+
+// For every tuning file that the tests have, the report has an error exactly
+// when the file does not load, and a load with a report builds the same
+// arrays as one without.
+TEST(LoadReportTest, ErrorsExactlyWhenTheLoadFailsAndTheSameArraysEitherWay) {
+    std::vector<testing::CorpusFile> corpus = testing::tuningFileCorpus();
+    for (const testing::CorpusFile& file : corpus) {
+        SCOPED_TRACE(file.name);
+        TempFile written(file.text);
+        LogCapture log;
+        ProfileParamArray plain(written.path());
+        const Snapshot withoutReport = snapshotOf(plain);
+        Snapshot withReport;
+        const std::vector<LoadFinding> findings = findingsOf(written.path(), &withReport);
+        const bool loads = !withoutReport.arrays.at("profile -1").empty();
+        const bool errors = std::any_of(findings.begin(), findings.end(), [](const LoadFinding& f) {
+            return f.severity == Severity::ERROR;
+        });
+        EXPECT_EQ(errors, !loads);
+        EXPECT_EQ(canonical(withReport), canonical(withoutReport));
+    }
+}
+
+// Other line ends, encodings, quotes and comments are no news.
+TEST(LoadReportTest, HarmlessVariantsOfTheSampleHaveNoWarningAndTheSameArrays) {
+    Snapshot sample;
+    findingsOf(testing::sampleFile(), &sample);
+    for (const testing::CorpusFile& variant : testing::harmlessSampleVariants()) {
+        SCOPED_TRACE(variant.name);
+        TempFile written(variant.text);
+        Snapshot arrays;
+        for (const LoadFinding& finding : findingsOf(written.path(), &arrays)) {
+            EXPECT_EQ(finding.severity, Severity::NOTE) << finding.message;
+        }
+        EXPECT_EQ(canonical(arrays), canonical(sample));
+    }
+}
+
+}  // namespace
+}  // namespace ovela

@@ -1,0 +1,24 @@
+#include "LoadedFile.h"
+
+#include "CommandLine.h"
+
+namespace ovela::tune {
+
+std::unique_ptr<LoadedFile> loadFile(const std::string& path) {
+    auto file = std::make_unique<LoadedFile>();
+    file->path = path;
+    file->store = std::make_unique<ProfileParamArray>(path, &file->report);
+    return file;
+}
+
+int doesNotLoad(const char* command, const LoadedFile& file, std::ostream& err) {
+    for (const LoadFinding& finding : file.report.findings()) {
+        if (finding.severity == Severity::ERROR) {
+            err << "ovela-tune " << command << ": " << file.path << ":" << finding.line << ": "
+                << finding.message << "\n";
+        }
+    }
+    return kExitDoesNotLoad;
+}
+
+}  // namespace ovela::tune

@@ -1,0 +1,32 @@
+#ifndef OVELA_TUNE_LOADED_FILE_H
+#define OVELA_TUNE_LOADED_FILE_H
+
+#include <ovela/LoadReport.h>
+#include <ovela/ProfileParamArray.h>
+
+#include <memory>
+#include <ostream>
+#include <string>
+
+namespace ovela::tune {
+
+// A tuning file loaded into a store of its own, with the report of that
+// load: every command takes what it says from these two, never from the
+// file's text.
+struct LoadedFile {
+    std::string path;
+    LoadReport report;
+    std::unique_ptr<ProfileParamArray> store;
+
+    bool loads() const { return !report.hasErrors(); }
+};
+
+std::unique_ptr<LoadedFile> loadFile(const std::string& path);
+
+// Prints why the file does not load, as "check" would, behind "ovela-tune
+// COMMAND: ", and returns the exit code for it.
+int doesNotLoad(const char* command, const LoadedFile& file, std::ostream& err);
+
+}  // namespace ovela::tune
+
+#endif  // OVELA_TUNE_LOADED_FILE_H
