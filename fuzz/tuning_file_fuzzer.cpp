@@ -1,11 +1,13 @@
-// Arbitrary bytes as a tuning file. A store of its own loads them, and every
-// array that it then holds must be exactly its header and its entries. For
+// Arbitrary bytes as a tuning file. A store of its own loads them, half the
+// time with a report, and every array that it then holds must be exactly its
+// header and its entries. For
 // some inputs the process-wide store loads them as well, and a cache sends
 // every profile and every listed tuning to an effect that keeps nothing.
 
 #include <ovela/Endpoint.h>
 #include <ovela/IEffectKyr.h>
 #include <ovela/KyrParameterId.h>
+#include <ovela/LoadReport.h>
 #include <ovela/OvlProfileId.h>
 #include <ovela/ProfileParamArray.h>
 #include <ovela/ProfileParamCache.h>
@@ -102,7 +104,8 @@ void requireExactArray(void* array, uint32_t size, const char* what) {
     require(walk.valid && walk.bytesUsed == size, what);
 }
 
-void checkProfiles(ProfileParamArray& store) {
+// Returns how many profile arrays the store holds: all or none.
+size_t checkProfiles(ProfileParamArray& store) {
     size_t stored = 0;
     for (OvlProfileId profile = kGeneralProfileId; profile <= kLastProfileId; ++profile) {
         const uint32_t size = store.getProfileParamsSize(profile);
@@ -119,6 +122,7 @@ void checkProfiles(ProfileParamArray& store) {
         free(array);
     }
     require(stored == 0 || stored == kProfileArrays, "a load stored only some profile arrays");
+    return stored;
 }
 
 void checkTunings(ProfileParamArray& store) {
@@ -168,12 +172,24 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     using namespace ovela;
     using namespace ovela::fuzz;
     writeInput(data, size);
-    {
+    // Half the inputs load with a report, which must say that the file does
+    // not load exactly when the store took nothing from it.
+    const uint32_t hash = hashOf(data, size);
+    if (hash % 2 == 0) {
         ProfileParamArray store(gPath);
         checkProfiles(store);
         checkTunings(store);
+    } else {
+        LoadReport report;
+        ProfileParamArray store(gPath, &report);
+        const bool loaded = checkProfiles(store) != 0;
+        checkTunings(store);
+        require(loaded != report.hasErrors(), "the report and the load disagree on the file");
+        for (const LoadFinding& finding : report.findings()) {
+            require(!finding.message.empty() && !finding.rule.empty(), "a finding says nothing");
+        }
     }
-    if (hashOf(data, size) % kSharedStoreShare == 0) {
+    if (hash % kSharedStoreShare == 0) {
         ProfileParamArray& shared = ProfileParamArray::getInstance();
         shared.loadXMLFile(gPath);
         driveCache(shared);

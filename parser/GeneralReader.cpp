@@ -23,7 +23,8 @@ void TuningFileParser::parseGeneral(xmlNode* general) {
         mContents.replacedGenerals.push_back(mContents.general);
     }
     mContents.general = new General();
-    mReport.entity(mContents.general, general, "the general section", "general sections");
+    mReport.entity(
+        mContents.general, general, [] { return "the general section"; }, "general sections");
     mReport.descend(wrapper);
     for (xmlNode* node = xml::secondChild(wrapper); node != nullptr; node = node->next) {
         if (!xml::isElement(node)) {
@@ -33,7 +34,7 @@ void TuningFileParser::parseGeneral(xmlNode* general) {
         if (name == kEndpointTypeElement) {
             parseGeneralEndpoint(node);
         } else if (const Parameter* parameter = findByName(kGeneralElements, name)) {
-            store(*mContents.general, *parameter, {readSetting(node)}, node, std::string(name));
+            store(*mContents.general, *parameter, {readSetting(node)}, node, name);
         } else {
             mReport.unknownElement(node, kGeneralElements, kEndpointTypeElement);
         }
@@ -46,9 +47,10 @@ void TuningFileParser::parseGeneralEndpoint(xmlNode* endpointType) {
     mReport.endpointType(endpointType, endpoint);
     mReport.endpointSection(endpointType->parent->parent, endpointType, endpoint);
     auto entity = std::make_unique<GeneralEndpoint>(endpoint);
-    mReport.entity(entity.get(), endpointType,
-                   std::string("the general section of ") + kEndpointNames[endpoint],
-                   "general endpoint sections");
+    mReport.entity(
+        entity.get(), endpointType,
+        [&] { return std::string("the general section of ") + kEndpointNames[endpoint]; },
+        "general endpoint sections");
     mReport.descend(endpointType);
     for (xmlNode* node = xml::secondChild(endpointType); node != nullptr; node = node->next) {
         if (!xml::isElement(node)) {
@@ -56,7 +58,7 @@ void TuningFileParser::parseGeneralEndpoint(xmlNode* endpointType) {
         }
         const std::string_view name = xml::nameOf(node);
         if (const Parameter* parameter = findByName(kGeneralEndpointElements, name)) {
-            store(*entity, *parameter, {readSetting(node)}, node, std::string(name));
+            store(*entity, *parameter, {readSetting(node)}, node, name);
         } else {
             mReport.unknownElement(node, kGeneralEndpointElements);
         }

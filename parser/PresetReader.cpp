@@ -102,12 +102,13 @@ void TuningFileParser::parsePreset(xmlNode* preset) {
     mReport.bandRows(bands, *layout);
 
     std::unique_ptr<ParameterValues> entity;
-    std::string label;
     if (layout->kind == PresetKind::GEQ) {
         const int geqId = atoi(id.c_str());
         mReport.number(preset, "id", id, geqId);
         entity = std::make_unique<GeqPreset>(geqId);
-        label = "GEQ preset " + std::to_string(geqId);
+        mReport.entity(
+            entity.get(), preset, [&] { return "GEQ preset " + std::to_string(geqId); },
+            "GEQ presets");
     } else {
         bool named = false;
         const PresetType presetType = ieqPresetTypeOfId(id, &named);
@@ -115,11 +116,12 @@ void TuningFileParser::parsePreset(xmlNode* preset) {
             mReport.ieqPresetId(preset, id, presetType);
         }
         entity = std::make_unique<IeqPreset>(presetType);
-        label = std::string("IEQ preset ") + kPresetTypeNames[presetType];
+        mReport.entity(
+            entity.get(), preset,
+            [&] { return std::string("IEQ preset ") + kPresetTypeNames[presetType]; },
+            "IEQ presets");
     }
     storeBands(*entity, layout->rowAttributes, texts);
-    mReport.entity(entity.get(), preset, label,
-                   layout->kind == PresetKind::GEQ ? "GEQ presets" : "IEQ presets");
     mReport.bands(entity.get(), *layout, bands);
     if (layout->kind == PresetKind::GEQ) {
         mContents.geqPresets.insert(static_cast<GeqPreset*>(entity.release()));
@@ -148,9 +150,12 @@ void TuningFileParser::parseDeviceTuning(xmlNode* deviceId, std::string tuningNa
     }
     mReport.attributes(deviceId, kDeviceIdAttributes);
     auto* entity = new DeviceTuning(device, port, tuningName);
-    mReport.entity(entity, deviceId,
-                   "<" + std::string(kDeviceIdElement) + "> " + device + " of tuning " + tuningName,
-                   "<device_id> elements");
+    mReport.entity(
+        entity, deviceId,
+        [&] {
+            return "<" + std::string(kDeviceIdElement) + "> " + device + " of tuning " + tuningName;
+        },
+        "<device_id> elements");
     mContents.deviceTunings.insert(entity);
 }
 

@@ -50,7 +50,8 @@ void TuningFileParser::parseProfile(xmlNode* profile) {
     mContents.profileNames[id] = name;
 
     auto entity = std::make_unique<Profile>(id, name, preset);
-    mReport.entity(entity.get(), profile, "profile " + std::to_string(id), "profiles");
+    mReport.entity(
+        entity.get(), profile, [&] { return "profile " + std::to_string(id); }, "profiles");
     mReport.include(entity.get(), profile, container, include, presetName, preset);
     mReport.descend(container);
     for (xmlNode* node = xml::secondChild(container); node != nullptr; node = node->next) {
@@ -74,9 +75,10 @@ void TuningFileParser::parseProfileEndpoint(xmlNode* endpointType, int profileId
     mReport.endpointType(endpointType, endpoint);
     mReport.endpointSection(endpointType->parent->parent, endpointType, endpoint);
     auto entity = std::make_unique<ProfileEndpoint>(profileId, endpoint);
-    mReport.entity(entity.get(), endpointType,
-                   "profile " + std::to_string(profileId) + " on " + kEndpointNames[endpoint],
-                   "profile endpoint sections");
+    mReport.entity(
+        entity.get(), endpointType,
+        [&] { return "profile " + std::to_string(profileId) + " on " + kEndpointNames[endpoint]; },
+        "profile endpoint sections");
     mReport.descend(endpointType);
     for (xmlNode* node = xml::secondChild(endpointType); node != nullptr; node = node->next) {
         if (!xml::isElement(node)) {

@@ -148,22 +148,24 @@ class ReaderReport {
                       Endpoint readAs) {
         if (mReport != nullptr) reportEndpointName(element, attribute, text, readAs);
     }
-    // What an entity was read from.
-    void entity(const void* entity, const xmlNode* element, const std::string& label,
-                const char* kind) {
-        if (mReport != nullptr) mReport->recordEntity(entity, xmlGetLineNo(element), label, kind);
+    // What an entity was read from; `label()` names it, asked only when a
+    // report is attached.
+    template <typename Label>
+    void entity(const void* entity, const xmlNode* element, Label label, const char* kind) {
+        if (mReport != nullptr) mReport->recordEntity(entity, xmlGetLineNo(element), label(), kind);
     }
-    // `entity` took a value for `parameter` from `node`, named `xmlName` in
-    // the file; a second value for the same parameter replaces the first.
-    void value(const void* entity, Parameter parameter, const xmlNode* node,
-               const std::string& xmlName) {
-        if (mReport != nullptr) reportValue(entity, parameter, node, xmlName);
+    // `entity` took a value for `parameter` from `node`: the element `name`,
+    // or its attribute `attribute`. A second value for the same parameter
+    // replaces the first.
+    void value(const void* entity, Parameter parameter, const xmlNode* node, std::string_view name,
+               std::string_view attribute = std::string_view()) {
+        if (mReport != nullptr) reportValue(entity, parameter, node, xmlName(name, attribute));
     }
     // As value(), for lists that gather the rows of several elements.
     void gathered(const void* entity, Parameter parameter, const xmlNode* node,
-                  const std::string& xmlName) {
+                  std::string_view name, std::string_view attribute) {
         if (mReport != nullptr) {
-            mReport->recordGathered(entity, parameter, xmlGetLineNo(node), xmlName);
+            mReport->recordGathered(entity, parameter, xmlGetLineNo(node), xmlName(name, attribute));
         }
     }
     // An "endpoint_type" section of `owner` (a profile or general element) for
@@ -242,6 +244,11 @@ class ReaderReport {
     }
 
   private:
+    // "element" or "element attribute", as findings name a value.
+    static std::string xmlName(std::string_view name, std::string_view attribute) {
+        return attribute.empty() ? std::string(name)
+                                 : std::string(name) + " " + std::string(attribute);
+    }
     void reportDescend(const xmlNode* parent);
     void reportPositional(const xmlNode* parent, int position, const xmlNode* taken,
                           const char* name, const char* otherwise);

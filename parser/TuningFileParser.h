@@ -116,7 +116,8 @@ class TuningFileParser {
     std::vector<int> readMixMatrix(const char* name, xmlNode* parent, const xmlNode** found);
     // Stores `list` under `parameter` of `entity`, read from `node`.
     void store(ParameterValues& entity, Parameter parameter, const std::vector<int>& list,
-               const xmlNode* node, const std::string& xmlName);
+               const xmlNode* node, std::string_view name,
+               std::string_view attribute = std::string_view());
     void storeElementValue(ParameterValues& entity, xmlNode* element, const ElementValue& value);
     void readDataElement(Tuning& tuning, xmlNode* element, HeldLists& held);
 

@@ -41,7 +41,7 @@ class HeldLists {
 
     std::vector<int>& of(Parameter parameter) { return mLists[parameter]; }
 
-    // The first element of a band table, for the report.
+    // The first element of each band table, for a report.
     void tableMet(const char* name, const xmlNode* element) { mTables.emplace(name, element); }
 
     void storeInto(ParameterValues& tuning, ReaderReport& report) {
@@ -63,7 +63,9 @@ namespace {
 
 void readBandRows(Tuning& tuning, xmlNode* element, const char* name,
                   const NameTable<BandColumn>& columns, HeldLists& held, ReaderReport& report) {
-    held.tableMet(name, element);
+    if (report) {
+        held.tableMet(name, element);
+    }
     report.descend(element);
     for (xmlNode* row = xml::secondChild(element); row != nullptr; row = row->next) {
         if (!xml::isElement(row)) {
@@ -87,8 +89,7 @@ void readBandRows(Tuning& tuning, xmlNode* element, const char* name,
                 report.number(row, xml::nameOf(attribute), value, number);
             }
             held.of(column->parameter).push_back(number);
-            report.gathered(&tuning, column->parameter, row,
-                            std::string(name) + " " + std::string(xml::nameOf(attribute)));
+            report.gathered(&tuning, column->parameter, row, name, xml::nameOf(attribute));
         }
     }
 }
@@ -97,15 +98,14 @@ void readBandRows(Tuning& tuning, xmlNode* element, const char* name,
 
 void TuningFileParser::readDataElement(Tuning& tuning, xmlNode* element, HeldLists& held) {
     const std::string_view view = xml::nameOf(element);
-    const std::string name(view);
     if (const Parameter* parameter = findByName(kTuningValueElements, view)) {
-        store(tuning, *parameter, {readSetting(element)}, element, name);
+        store(tuning, *parameter, {readSetting(element)}, element, view);
     } else if (const TuningRow* row = findByName(kTuningRowElements, view)) {
         if (row->storage == RowStorage::AT_ONCE) {
-            store(tuning, row->parameter, readRow(element, "the entry is not sent"), element, name);
+            store(tuning, row->parameter, readRow(element, "the entry is not sent"), element, view);
         } else {
             held.of(row->parameter) = readRow(element, "the list is empty");
-            mReport.value(&tuning, row->parameter, element, name);
+            mReport.value(&tuning, row->parameter, element, view);
         }
     } else if (const NameTable<Parameter>* attributes = findByName(kTuningAttributeElements, view)) {
         mReport.attributes(element, *attributes);
@@ -115,8 +115,7 @@ void TuningFileParser::readDataElement(Tuning& tuning, xmlNode* element, HeldLis
                 const std::string text = xml::valueOf(attribute);
                 const int value = string2int(text);
                 mReport.number(element, xml::nameOf(attribute), text, value);
-                store(tuning, *parameter, {value}, element,
-                      name + " " + std::string(xml::nameOf(attribute)));
+                store(tuning, *parameter, {value}, element, view, xml::nameOf(attribute));
             }
         }
     } else if (const Parameter* parameter = findByName(kTuningAttributeListElements, view)) {
@@ -131,7 +130,7 @@ void TuningFileParser::readDataElement(Tuning& tuning, xmlNode* element, HeldLis
             mReport.add(rules::kEmptyList, element,
                         tagOf(element) + " has no attributes: the entry is not sent");
         }
-        store(tuning, *parameter, list, element, name);
+        store(tuning, *parameter, list, element, view);
     } else if (const auto* table = findEntry(kTuningBandElements, view)) {
         readBandRows(tuning, element, table->first, table->second, held, mReport);
     } else if (view == kOutputModeElement) {
@@ -182,7 +181,8 @@ void TuningFileParser::parseTuning(xmlNode* tuning) {
     // Unlike the profile readers, a tuning for an unknown endpoint serves the speaker.
     const Endpoint endpoint = endpointFromName(endpointName, ENDPOINT_SPEAKER);
     auto entity = std::make_unique<Tuning>(name, endpoint, mono == kTrueWord);
-    mReport.entity(entity.get(), tuning, "tuning " + name, "tunings");
+    mReport.entity(
+        entity.get(), tuning, [&] { return "tuning " + name; }, "tunings");
     for (const auto& [attribute, parameter] : kTuningListAttributes) {
         entity->set(parameter, lists[parameter]);
         if (!lists[parameter].empty()) {

@@ -99,9 +99,9 @@ std::vector<int> TuningFileParser::readMixMatrix(const char* name, xmlNode* pare
 
 void TuningFileParser::store(ParameterValues& entity, Parameter parameter,
                              const std::vector<int>& list, const xmlNode* node,
-                             const std::string& xmlName) {
+                             std::string_view name, std::string_view attribute) {
     entity.set(parameter, list);
-    mReport.value(&entity, parameter, node, xmlName);
+    mReport.value(&entity, parameter, node, name, attribute);
 }
 
 void TuningFileParser::storeElementValue(ParameterValues& entity, xmlNode* element,
@@ -121,7 +121,7 @@ void TuningFileParser::storeElementValue(ParameterValues& entity, xmlNode* eleme
             }
             break;
     }
-    store(entity, value.parameter, list, element, std::string(xml::nameOf(element)));
+    store(entity, value.parameter, list, element, xml::nameOf(element));
 }
 
 }  // namespace ovela
