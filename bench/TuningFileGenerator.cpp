@@ -1,7 +1,6 @@
 #include "TuningFileGenerator.h"
 
 #include <ovela/Endpoint.h>
-#include <ovela/TuningFileVocabulary.h>
 #include <unistd.h>
 
 #include <cstdint>
@@ -9,6 +8,8 @@
 #include <cstdlib>
 #include <map>
 #include <string_view>
+
+#include "TuningFileVocabulary.h"
 
 namespace ovela::bench {
 

@@ -35,41 +35,43 @@ struct ArrayCopy {
     uint32_t size = 0;
 };
 
-// Copies an array with `copy`, which writes it only when it fits the buffer
-// and returns its size either way. A reload by another thread may change the
-// size between two calls; the buffer then grows and the copy is asked again.
-// False when no buffer could be allocated; an unknown array copies as empty.
-template <typename Copy>
-bool copyArray(Copy copy, ArrayCopy* out) {
-    uint32_t size = copy(nullptr, 0);
-    while (size != 0) {
-        out->data.reset(malloc(size));
+// Copies an array: `size` is the store's size query, `copy` writes the array
+// only when it fits the buffer and returns its size either way. A reload by
+// another thread may change the size between the two; the buffer then grows
+// and the copy is asked again. False when no buffer could be allocated; an
+// unknown array copies as empty.
+template <typename Size, typename Copy>
+bool copyArray(Size size, Copy copy, ArrayCopy* out) {
+    uint32_t wanted = size();
+    while (wanted != 0) {
+        out->data.reset(malloc(wanted));
         if (out->data == nullptr) {
             return false;
         }
-        uint32_t copied = copy(out->data.get(), size);
-        bool fitted = copied <= size;
-        size = copied;
+        const uint32_t copied = copy(out->data.get(), wanted);
+        const bool fitted = copied <= wanted;
+        wanted = copied;
         if (fitted) {
             break;
         }
     }
-    out->size = size;
+    out->size = wanted;
     return true;
 }
 
 bool copyProfile(OvlProfileId profile, ArrayCopy* copy) {
     ProfileParamArray& store = ProfileParamArray::getInstance();
-    return copyArray(
-        [&](void* out, uint32_t capacity) {
-            return store.copyProfileParams(profile, out, capacity);
-        },
-        copy);
+    return copyArray([&] { return store.getProfileParamsSize(profile); },
+                     [&](void* out, uint32_t capacity) {
+                         return store.copyProfileParams(profile, out, capacity);
+                     },
+                     copy);
 }
 
 bool copyTuning(const std::string& tuning, ArrayCopy* copy) {
     ProfileParamArray& store = ProfileParamArray::getInstance();
     return copyArray(
+        [&] { return store.getTuningParamsSize(tuning); },
         [&](void* out, uint32_t capacity) { return store.copyTuningParams(tuning, out, capacity); },
         copy);
 }

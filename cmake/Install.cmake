@@ -4,7 +4,6 @@
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-set(OVELA_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/ovela)
 set(OVELA_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/OvelaTuning)
 
 target_include_directories(ovelatuning PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
@@ -12,7 +11,8 @@ set_target_properties(ovelatuning PROPERTIES INSTALL_RPATH "${ANDROID_LIB_DIR}")
 
 install(TARGETS ovelatuning android_platform EXPORT OvelaTuningTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(FILES ${OVELA_HEADERS} DESTINATION ${OVELA_INSTALL_INCLUDEDIR})
+install(DIRECTORY ${OVELA_PUBLIC_DIR}/ovela DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+    FILES_MATCHING PATTERN "*.h")
 install(EXPORT OvelaTuningTargets NAMESPACE OvelaTuning:: DESTINATION ${OVELA_CMAKE_DIR})
 
 configure_package_config_file(cmake/OvelaTuningConfig.cmake.in

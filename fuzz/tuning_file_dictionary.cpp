@@ -3,11 +3,11 @@
 // the fragments in which they appear in a file.
 // Usage: tuning_file_dictionary OUTPUT
 
-#include <ovela/TuningFileVocabulary.h>
-
 #include <cstdio>
 #include <set>
 #include <string>
+
+#include "TuningFileVocabulary.h"
 
 namespace {
 

@@ -7,7 +7,6 @@
 #include <ovela/Endpoint.h>
 #include <ovela/IEffectKyr.h>
 #include <ovela/KyrParameterId.h>
-#include <ovela/LoadReport.h>
 #include <ovela/OvlProfileId.h>
 #include <ovela/ProfileParamArray.h>
 #include <ovela/ProfileParamCache.h>
@@ -22,6 +21,7 @@
 #include <vector>
 
 #include "FuzzSupport.h"
+#include "LoadReport.h"
 
 namespace ovela::fuzz {
 

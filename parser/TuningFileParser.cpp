@@ -5,6 +5,7 @@
 #include <libxml/parser.h>
 #include <libxml/tree.h>
 #include <log/log.h>
+#include <utils/Mutex.h>
 
 #include <iterator>
 #include <utility>
@@ -17,6 +18,15 @@
 namespace ovela {
 
 namespace {
+
+// libxml2 keeps state for the whole process (its dictionaries' lock, its
+// encoding handlers), which xmlCleanupParser in every reader's destructor
+// resets: readers in several threads take turns for the calls that use it.
+android::Mutex& libxmlLock() {
+    // Never destroyed: a reader may go after the static objects do.
+    static android::Mutex* const lock = new android::Mutex();
+    return *lock;
+}
 
 // "major.minor.maintenance" from a version element's attributes; a part that
 // the element lacks stays empty, so an element without attributes gives "..".
@@ -54,6 +64,7 @@ class AttachedReport {
 }  // namespace
 
 void TuningFileParser::DocumentDeleter::operator()(xmlDoc* document) const {
+    android::Mutex::Autolock lock(libxmlLock());
     xmlFreeDoc(document);
 }
 
@@ -65,7 +76,10 @@ TuningFileParser::TuningFileParser(std::string path) {
 
 TuningFileParser::~TuningFileParser() {
     mDocument.reset();
-    xmlCleanupParser();
+    {
+        android::Mutex::Autolock lock(libxmlLock());
+        xmlCleanupParser();
+    }
     mContents.forEachEntity([](auto* entity) { delete entity; });
     delete mDeviceData;
 }
@@ -107,7 +121,11 @@ int TuningFileParser::initXmlParser() {
     // No options: the whitespace text nodes stay in the tree, and the section
     // readers count on them.
     XmlDocumentReport documentReport(mReport.get(), mTuningFilePath);
-    xmlDoc* document = xmlReadFile(mTuningFilePath.c_str(), nullptr, documentReport.options());
+    xmlDoc* document = nullptr;
+    {
+        android::Mutex::Autolock lock(libxmlLock());
+        document = xmlReadFile(mTuningFilePath.c_str(), nullptr, documentReport.options());
+    }
     documentReport.parsed(document);
     if (document == nullptr) {
         ALOGE("fail to call xmlReadFile,  %d", 138);

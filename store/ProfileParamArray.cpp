@@ -9,9 +9,18 @@
 #include <utility>
 #include <vector>
 
+#include "PackedEntry.h"
 #include "ParamCodes.h"
+#include "ParamTables.h"
 #include "ParameterValues.h"
 #include "ProfileArrayLoader.h"
+#include "SpeakerData.h"
+#include "TuningConversion.h"
+
+// A product build may name another file with -DOVELA_DEFAULT_TUNING_FILE.
+#ifndef OVELA_DEFAULT_TUNING_FILE
+#define OVELA_DEFAULT_TUNING_FILE "/vendor/etc/ovela/qrn-default.xml"
+#endif
 
 ANDROID_SINGLETON_STATIC_INSTANCE(ovela::ProfileParamArray)
 
@@ -20,7 +29,6 @@ namespace ovela {
 namespace {
 
 constexpr char kDefaultTuningFile[] = OVELA_DEFAULT_TUNING_FILE;
-constexpr int kEntryHeaderWords = 3;
 // What the list of an endpoint without tunings reads; the byte after it is
 // reserved but left unwritten.
 constexpr char kNoTunings[] = "default";
@@ -50,7 +58,8 @@ ProfileParamArray::ProfileParamArray() : ProfileParamArray(kDefaultTuningFile) {
 ProfileParamArray::ProfileParamArray(std::string path)
     : ProfileParamArray(std::move(path), nullptr) {}
 
-ProfileParamArray::ProfileParamArray(std::string path, LoadReport* report) {
+ProfileParamArray::ProfileParamArray(std::string path, LoadReport* report)
+    : mTables(std::make_unique<ParamTables>()), mSpeaker(std::make_unique<SpeakerData>()) {
     loadXMLFile(std::move(path), report);
 }
 
@@ -66,38 +75,45 @@ void ProfileParamArray::loadXMLFile(std::string path, LoadReport* report) {
     // Everything is built aside and taken over only when the whole file
     // loaded, so that a failed load leaves the store as it was.
     ParamTables tables;
-    SpeakerData speaker = mSpeaker;
+    SpeakerData speaker = *mSpeaker;
     if (!loadProfileArrays(path, tables, speaker, report)) {
         return;
     }
-    mTables.takeFrom(tables);
-    mSpeaker = speaker;
+    mTables->takeFrom(tables);
+    *mSpeaker = speaker;
+}
+
+int ProfileParamArray::composeParams(int* out, int device, ParameterValues* values, int& count) {
+    size_t written = 0;
+    for (const auto& [param, list] : values->values) {
+        if (kParameterCodes[param] != 0 && !list.empty()) {
+            written += writeEntry(out + written, device, kParameterCodes[param], {list});
+            count++;
+        }
+    }
+    return static_cast<int>(written);
 }
 
 int ProfileParamArray::composeParams(int* out, int room, int device, ParameterValues* values,
                                      int& count) {
-    int needed = 0;
+    size_t needed = 0;
     for (const auto& [param, list] : values->values) {
         if (kParameterCodes[param] != 0 && !list.empty()) {
-            needed += kEntryHeaderWords + static_cast<int>(list.size());
+            needed += kEntryHeaderWords + list.size();
         }
     }
-    if (needed > room) {
+    if (room < 0 || needed > static_cast<size_t>(room)) {
         return -1;
     }
-    int written = 0;
-    for (const auto& [param, list] : values->values) {
-        if (kParameterCodes[param] == 0 || list.empty()) {
-            continue;
-        }
-        out[written] = device;
-        out[written + 1] = kParameterCodes[param];
-        out[written + 2] = static_cast<int>(list.size());
-        std::copy(list.begin(), list.end(), out + written + kEntryHeaderWords);
-        written += kEntryHeaderWords + static_cast<int>(list.size());
-        count++;
-    }
-    return written;
+    return composeParams(out, device, values, count);
+}
+
+void ProfileParamArray::convertTuning(Tuning* tuning, int& counter) {
+    TuningConversion(*mTables, *mSpeaker, nullptr).convertTuning(tuning, counter);
+}
+
+void ProfileParamArray::setCommonSpeakerParams(Tuning* tuning) {
+    TuningConversion(*mTables, *mSpeaker, nullptr).setCommonSpeakerParams(tuning);
 }
 
 int ProfileParamArray::getProfileParams(OvlProfileId profile, void* out) {
@@ -106,13 +122,13 @@ int ProfileParamArray::getProfileParams(OvlProfileId profile, void* out) {
     if (out == nullptr) {
         return -22;
     }
-    copyArray(mTables.getProfileArray(profile), mTables.getProfileSize(profile), out);
+    copyArray(mTables->getProfileArray(profile), mTables->getProfileSize(profile), out);
     return 0;
 }
 
 uint32_t ProfileParamArray::getProfileParamsSize(OvlProfileId profile) {
     android::Mutex::Autolock lock(mLock);
-    return mTables.getProfileSize(profile);
+    return mTables->getProfileSize(profile);
 }
 
 int ProfileParamArray::getTuningParams(std::string tuning, void* out) {
@@ -121,37 +137,39 @@ int ProfileParamArray::getTuningParams(std::string tuning, void* out) {
     if (out == nullptr) {
         return -22;
     }
-    copyArray(mTables.getTuningArray(tuning), mTables.getTuningSize(tuning), out);
+    copyArray(mTables->getTuningArray(tuning), mTables->getTuningSize(tuning), out);
     return 0;
 }
 
 uint32_t ProfileParamArray::getTuningParamsSize(std::string tuning) {
     android::Mutex::Autolock lock(mLock);
-    return mTables.getTuningSize(tuning);
+    return mTables->getTuningSize(tuning);
 }
 
 uint32_t ProfileParamArray::copyProfileParams(OvlProfileId profile, void* out, uint32_t capacity) {
+    ALOGD("%s(profile = %d)", "getProfileParams", profile);
     android::Mutex::Autolock lock(mLock);
-    uint32_t size = mTables.getProfileSize(profile);
+    uint32_t size = mTables->getProfileSize(profile);
     if (size <= capacity) {
-        copyArray(mTables.getProfileArray(profile), size, out);
+        copyArray(mTables->getProfileArray(profile), size, out);
     }
     return size;
 }
 
 uint32_t ProfileParamArray::copyTuningParams(const std::string& tuning, void* out,
                                              uint32_t capacity) {
+    ALOGD("%s(tuning = %s)", "getTuningParams", tuning.c_str());
     android::Mutex::Autolock lock(mLock);
-    uint32_t size = mTables.getTuningSize(tuning);
+    uint32_t size = mTables->getTuningSize(tuning);
     if (size <= capacity) {
-        copyArray(mTables.getTuningArray(tuning), size, out);
+        copyArray(mTables->getTuningArray(tuning), size, out);
     }
     return size;
 }
 
 uint32_t ProfileParamArray::getAvailableTuningDevicesLen(Endpoint endpoint) {
     android::Mutex::Autolock lock(mLock);
-    std::vector<std::string> names = tuningsOf(mTables, endpoint);
+    std::vector<std::string> names = tuningsOf(*mTables, endpoint);
     if (names.empty()) {
         return kNoTuningsLength;
     }
@@ -168,7 +186,7 @@ int ProfileParamArray::getAvailableTuningDevices(Endpoint endpoint, void* buf, i
     if (buf == nullptr) {
         return -22;
     }
-    std::vector<std::string> names = tuningsOf(mTables, endpoint);
+    std::vector<std::string> names = tuningsOf(*mTables, endpoint);
     std::string list;
     if (names.empty()) {
         list = kNoTunings;

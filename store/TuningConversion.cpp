@@ -136,11 +136,12 @@ class Composites {
 }  // namespace
 
 TuningConversion::TuningConversion(ParamTables& tables, SpeakerData& speaker, LoadReport* report)
-    : mTables(tables), mSpeaker(speaker), mReport(report), mScratch(kTuningCapacity) {}
+    : mTables(tables), mSpeaker(speaker), mReport(report) {}
 
 bool TuningConversion::convertTuning(Tuning* tuning, int& counter) {
     const std::string name = tuning->getName();
     const int32_t device = deviceForEndpoint(tuning->getEndpoint());
+    mScratch.resize(kTuningCapacity);
     ArrayBuilder builder(mScratch.data(), kTuningCapacity, counter);
     ArrayRecord* record = mReport.tuningRecord(name, kTuningCapacity);
     builder.recordInto(record);
@@ -160,7 +161,9 @@ bool TuningConversion::convertTuning(Tuning* tuning, int& counter) {
     }
     if (builder.overflowed()) {
         ALOGE("%s() tuning %s does not fit in %zu words", __func__, name.c_str(), kTuningCapacity);
-        mReport.arrayRoom("tuning " + name, *record, std::string());
+        if (record != nullptr) {
+            mReport.arrayRoom("tuning " + name, *record, std::string());
+        }
         return false;
     }
     if (builder.getParamCount() == 0) {

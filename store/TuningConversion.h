@@ -40,7 +40,8 @@ class TuningConversion {
     ParamTables& mTables;
     SpeakerData& mSpeaker;
     StoreReport mReport;
-    // The words of the array being built, reused from tuning to tuning.
+    // The words of the array being built, allocated by the first tuning and
+    // reused by the next.
     std::vector<int32_t> mScratch;
 };
 

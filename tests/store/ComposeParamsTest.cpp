@@ -5,6 +5,7 @@
 
 #include "AudioDevices.h"
 #include "GeqPreset.h"
+#include "LogCapture.h"
 #include "PackedWords.h"
 #include "ParamCodes.h"
 #include "Profile.h"
@@ -14,14 +15,22 @@
 namespace ovela {
 namespace {
 
+using testing::LogCapture;
 using testing::packed;
+
+// A store that holds nothing: composing touches none of its fields.
+ProfileParamArray& emptyStore() {
+    LogCapture log;
+    static ProfileParamArray store("");
+    return store;
+}
 
 // Composes `entity` behind a header of (0, 0) and returns the words, so that
 // the result compares with a packed array written out by hand.
 std::vector<int32_t> composed(ParameterValues& entity, int device, int* written = nullptr) {
     std::vector<int32_t> words(64, 0);
     int count = 0;
-    int n = ProfileParamArray::composeParams(words.data() + 2, 62, device, &entity, count);
+    int n = emptyStore().composeParams(words.data() + 2, device, &entity, count);
     if (written != nullptr) {
         *written = n;
     }
@@ -83,10 +92,10 @@ TEST(ComposeParamsTest, EntriesBeyondTheRoomWriteNothing) {
     profile.set(IEQ_AMOUNT, {5, 6});
     std::vector<int32_t> out(9, -7);
     int count = 3;
-    EXPECT_EQ(ProfileParamArray::composeParams(out.data(), 8, kDeviceAll, &profile, count), -1);
+    EXPECT_EQ(emptyStore().composeParams(out.data(), 8, kDeviceAll, &profile, count), -1);
     EXPECT_EQ(count, 3);
     EXPECT_EQ(out, std::vector<int32_t>(9, -7));
-    EXPECT_EQ(ProfileParamArray::composeParams(out.data(), 9, kDeviceAll, &profile, count), 9);
+    EXPECT_EQ(emptyStore().composeParams(out.data(), 9, kDeviceAll, &profile, count), 9);
     EXPECT_EQ(count, 5);
 }
 

@@ -1,7 +1,7 @@
 // The store under several threads: queries while another thread reloads it,
-// and caches on the process-wide store sending in parallel, each to its own
-// effect. Run under ThreadSanitizer as well as in the plain and the
-// AddressSanitizer builds.
+// caches on the process-wide store sending in parallel, each to its own
+// effect, and stores of their own loading at once. Run under ThreadSanitizer as well as in the
+// plain and the AddressSanitizer builds.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
@@ -220,6 +221,32 @@ TEST(ConcurrencyTest, CachesSendingWhileTheStoreReloadsLargerArraysStayInTheirBu
     }
 
     EXPECT_EQ(wrongSends, 0);
+}
+
+// Stores of their own loading in two threads at once: each reader's parse and
+// its xmlCleanupParser, which resets libxml2 for the whole process, take
+// turns, and every store holds the arrays of its file.
+TEST(ConcurrencyTest, StoresLoadingInTwoThreadsEachHoldTheirFile) {
+    TempFile first(tuningFileWith(10, 8));
+    TempFile second(tuningFileWith(20, 8));
+    const std::vector<int32_t> expected[] = {
+        profileWords(*std::make_unique<ProfileParamArray>(first.path()), 3),
+        profileWords(*std::make_unique<ProfileParamArray>(second.path()), 3)};
+    std::atomic<int> wrongLoads{0};
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < 2; ++thread) {
+        threads.emplace_back([&, thread] {
+            const std::string& path = thread == 0 ? first.path() : second.path();
+            for (int load = 0; load < kReloads / 4; ++load) {
+                ProfileParamArray store(path);
+                wrongLoads += profileWords(store, 3) != expected[thread];
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(wrongLoads, 0);
 }
 
 }  // namespace

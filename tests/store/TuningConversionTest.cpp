@@ -8,6 +8,7 @@
 #include "LogCapture.h"
 #include "PackedWords.h"
 #include "ParamTables.h"
+#include "ProfileParamArray.h"
 #include "SpeakerData.h"
 #include "Tuning.h"
 #include "TuningConversion.h"
@@ -17,22 +18,19 @@ namespace {
 
 using testing::LogCapture;
 using testing::packed;
+using testing::tuningNames;
+using testing::tuningWords;
 
 constexpr char kTag[] = "OvlProfileParamArray";
 
+// Tunings converted by the store's own convertTuning, into a store that
+// loaded nothing.
 class TuningConversionTest : public ::testing::Test {
   protected:
-    std::vector<int32_t> stored(const std::string& name) {
-        const int32_t* array = mTables.getTuningArray(name);
-        if (array == nullptr) {
-            return {};
-        }
-        return std::vector<int32_t>(array, array + mTables.getTuningSize(name) / sizeof(int32_t));
-    }
+    std::vector<int32_t> stored(const std::string& name) { return tuningWords(mStore, name); }
 
-    ParamTables mTables;
-    SpeakerData mSpeaker;
-    TuningConversion mConversion{mTables, mSpeaker, nullptr};
+    LogCapture mLoadLog;
+    ProfileParamArray mStore{""};
 };
 
 TEST_F(TuningConversionTest, PlainEntriesCarryTheEndpointDeviceAndTheOrdinal) {
@@ -45,14 +43,14 @@ TEST_F(TuningConversionTest, PlainEntriesCarryTheEndpointDeviceAndTheOrdinal) {
     int counter = 4;
     LogCapture log;
 
-    EXPECT_TRUE(mConversion.convertTuning(&empty, counter));
-    EXPECT_EQ(mTables.getTuningSize("empty"), 0u);
-    EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
+    mStore.convertTuning(&empty, counter);
+    EXPECT_EQ(mStore.getTuningParamsSize("empty"), 0u);
+    mStore.convertTuning(&tuning, counter);
     EXPECT_EQ(counter, 5);
-    EXPECT_EQ(stored("hp"), packed(4, {{kDeviceWiredHeadphone, kyrCode("beb"), {5}}}));
-    EXPECT_EQ(mTables.getTuningEndpoint("hp"), ENDPOINT_HEADPHONE);
     EXPECT_EQ(log.messages(kTag, ANDROID_LOG_DEBUG),
               std::vector<std::string>{"add the tuning table: tuning=hp, paramNum=6, size=24"});
+    EXPECT_EQ(stored("hp"), packed(4, {{kDeviceWiredHeadphone, kyrCode("beb"), {5}}}));
+    EXPECT_EQ(tuningNames(mStore, ENDPOINT_HEADPHONE), std::vector<std::string>{"hp"});
 }
 
 TEST_F(TuningConversionTest, CompositeEntriesFollowThePlainOnes) {
@@ -73,7 +71,7 @@ TEST_F(TuningConversionTest, CompositeEntriesFollowThePlainOnes) {
     tuning.set(REGULATOR_ISOLATED_BAND, {1});
     int counter = 0;
 
-    EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
+    mStore.convertTuning(&tuning, counter);
     EXPECT_EQ(
         stored("spk2"),
         packed(0,
@@ -102,13 +100,16 @@ TEST_F(TuningConversionTest, CompositesNeedListsOfOneLengthAndPadOnlyFiveSibilan
     tuning.set(REGULATOR_ISOLATED_BAND, {});
     tuning.set(REGULATOR_ENABLE, {1});
     int counter = 0;
-    EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
+    mStore.convertTuning(&tuning, counter);
     EXPECT_EQ(stored("bt"),
               packed(0, {{kDeviceBluetooth, kyrCode("aron"), {1}},
                          {kDeviceBluetooth, kyrCode("rssa"), {2, 3, 1, 2, 3, 4, 5, 6}}}));
 }
 
-TEST_F(TuningConversionTest, OnlySpeakerTuningsFeedTheSpeakerData) {
+TEST(TuningConversionSpeakerTest, OnlySpeakerTuningsFeedTheSpeakerData) {
+    ParamTables tables;
+    SpeakerData speaker;
+    TuningConversion conversion(tables, speaker, nullptr);
     Tuning other("speaker2", ENDPOINT_SPEAKER, true);
     other.set(OUTPUT_MIX_MATRIX, {1});
     other.set(VIRTUALIZER_FRONT_SPEAKER_ANGLE, {10});
@@ -122,22 +123,22 @@ TEST_F(TuningConversionTest, OnlySpeakerTuningsFeedTheSpeakerData) {
     second.set(OUTPUT_MIX_MATRIX, {4});
     int counter = 0;
 
-    EXPECT_TRUE(mConversion.convertTuning(&other, counter));
-    EXPECT_FALSE(mSpeaker.mono);
-    EXPECT_EQ(mSpeaker.frontAngle, -1);
-    EXPECT_TRUE(mSpeaker.outputMixMatrix.empty());
+    EXPECT_TRUE(conversion.convertTuning(&other, counter));
+    EXPECT_FALSE(speaker.mono);
+    EXPECT_EQ(speaker.frontAngle, -1);
+    EXPECT_TRUE(speaker.outputMixMatrix.empty());
 
-    EXPECT_TRUE(mConversion.convertTuning(&first, counter));
-    EXPECT_TRUE(mSpeaker.mono);
-    EXPECT_EQ(mSpeaker.outputMixMatrix, (std::vector<int32_t>{1, 0, 1}));
+    EXPECT_TRUE(conversion.convertTuning(&first, counter));
+    EXPECT_TRUE(speaker.mono);
+    EXPECT_EQ(speaker.outputMixMatrix, (std::vector<int32_t>{1, 0, 1}));
     // A second speaker tuning adds its matrix behind the first's.
-    mConversion.setCommonSpeakerParams(&second);
-    EXPECT_FALSE(mSpeaker.mono);
-    EXPECT_EQ(mSpeaker.surroundAngle, 30);
-    EXPECT_EQ(mSpeaker.heightAngle, 45);
-    EXPECT_EQ(mSpeaker.frontAngle, 10);
-    EXPECT_EQ(mSpeaker.outputMixMatrix, (std::vector<int32_t>{1, 0, 1, 4}));
-    EXPECT_EQ(mSpeaker.advancedOutputMixMatrix, std::vector<int32_t>{7});
+    conversion.setCommonSpeakerParams(&second);
+    EXPECT_FALSE(speaker.mono);
+    EXPECT_EQ(speaker.surroundAngle, 30);
+    EXPECT_EQ(speaker.heightAngle, 45);
+    EXPECT_EQ(speaker.frontAngle, 10);
+    EXPECT_EQ(speaker.outputMixMatrix, (std::vector<int32_t>{1, 0, 1, 4}));
+    EXPECT_EQ(speaker.advancedOutputMixMatrix, std::vector<int32_t>{7});
 }
 }  // namespace
 }  // namespace ovela

@@ -1,10 +1,9 @@
-#include <ovela/LoadReport.h>
-
 #include <algorithm>
 #include <iomanip>
 #include <nlohmann/json.hpp>
 
 #include "Commands.h"
+#include "LoadReport.h"
 #include "LoadedFile.h"
 
 namespace ovela::tune {

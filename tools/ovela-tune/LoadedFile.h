@@ -1,12 +1,13 @@
 #ifndef OVELA_TUNE_LOADED_FILE_H
 #define OVELA_TUNE_LOADED_FILE_H
 
-#include <ovela/LoadReport.h>
 #include <ovela/ProfileParamArray.h>
 
 #include <memory>
 #include <ostream>
 #include <string>
+
+#include "LoadReport.h"
 
 namespace ovela::tune {
 

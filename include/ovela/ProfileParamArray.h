@@ -5,17 +5,19 @@
 #include <utils/Singleton.h>
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "Endpoint.h"
 #include "OvlProfileId.h"
-#include "ParamTables.h"
-#include "SpeakerData.h"
 
 namespace ovela {
 
 class LoadReport;
 class ParameterValues;
+class ParamTables;
+class Tuning;
+struct SpeakerData;
 
 // The process-wide parameter store: the packed arrays of every profile, of
 // the general settings (profile id -1) and of every named tuning, composed
@@ -42,12 +44,6 @@ class ProfileParamArray : public android::Singleton<ProfileParamArray> {
     // read and the origin of every entry.
     void loadXMLFile(std::string path, LoadReport* report);
 
-    // Appends to `out` one entry (device, code, count, values) for every
-    // parameter of `values` that has an effect code and holds values, and
-    // adds the number of entries to `count`. Returns the number of words
-    // written, or -1 without writing anything when they would exceed `room`.
-    static int composeParams(int* out, int room, int device, ParameterValues* values, int& count);
-
     // Copy the array into `out` (size from the size queries); -22 for a null
     // `out`. An unknown profile or tuning copies nothing and returns 0.
     int getProfileParams(OvlProfileId profile, void* out);
@@ -55,10 +51,11 @@ class ProfileParamArray : public android::Singleton<ProfileParamArray> {
     int getTuningParams(std::string tuning, void* out);
     uint32_t getTuningParamsSize(std::string tuning);
     // Copy the array into `out` only when it fits in `capacity` bytes, and
-    // return its size either way (0 for an unknown profile or tuning). Between
-    // a size query and a copy another thread may reload the store; a caller
-    // that sees a size above its capacity grows its buffer and asks again,
-    // where the copies above would run past the buffer.
+    // return its size either way (0 for an unknown profile or tuning); they
+    // log as getProfileParams() and getTuningParams() do. Between a size
+    // query and a copy another thread may reload the store; a caller that sees
+    // a size above its capacity grows its buffer and asks again, where the
+    // copies above would run past the buffer.
     uint32_t copyProfileParams(OvlProfileId profile, void* out, uint32_t capacity);
     uint32_t copyTuningParams(const std::string& tuning, void* out, uint32_t capacity);
 
@@ -69,10 +66,29 @@ class ProfileParamArray : public android::Singleton<ProfileParamArray> {
     // has none; never more than `len` bytes. -22 for a null `buf`.
     int getAvailableTuningDevices(Endpoint endpoint, void* buf, int len);
 
+    // The steps of a load, for code that composes arrays itself. They take no
+    // lock: the store runs them only inside loadXMLFile.
+    //
+    // Writes at `out` one entry (device, code, count, values) for every
+    // parameter of `values` that has an effect code and holds values, adds
+    // the number of entries to `count` and returns the words written. The
+    // caller guarantees room.
+    int composeParams(int* out, int device, ParameterValues* values, int& count);
+    // The same within `room` words: writes nothing and returns -1 when the
+    // entries would not fit.
+    int composeParams(int* out, int room, int device, ParameterValues* values, int& count);
+    // Builds the tuning's array and adds it to the store's tuning tables
+    // under its name, with `counter` as its ordinal; `counter` advances when
+    // an array was stored. A tuning past 1100 words stores nothing.
+    void convertTuning(Tuning* tuning, int& counter);
+    // Takes the mono flag, the angles and the mix matrices of a speaker
+    // tuning into the store's speaker data.
+    void setCommonSpeakerParams(Tuning* tuning);
+
   private:
-    ParamTables mTables;
+    std::unique_ptr<ParamTables> mTables;
     android::Mutex mLock;
-    SpeakerData mSpeaker;
+    std::unique_ptr<SpeakerData> mSpeaker;
 };
 
 }  // namespace ovela
