@@ -22,9 +22,10 @@ namespace {
 
 std::atomic<int64_t> gInUse{0};
 std::atomic<int64_t> gPeak{0};
+std::atomic<bool> gCounting{true};
 
 void counted(void* block) {
-    if (block == nullptr) {
+    if (block == nullptr || !gCounting.load(std::memory_order_relaxed)) {
         return;
     }
     const int64_t now = gInUse.fetch_add(static_cast<int64_t>(malloc_usable_size(block))) +
@@ -35,7 +36,7 @@ void counted(void* block) {
 }
 
 void uncounted(void* block) {
-    if (block != nullptr) {
+    if (block != nullptr && gCounting.load(std::memory_order_relaxed)) {
         gInUse.fetch_sub(static_cast<int64_t>(malloc_usable_size(block)));
     }
 }
@@ -44,6 +45,10 @@ void uncounted(void* block) {
 
 void HeapCounter::resetPeak() {
     gPeak.store(gInUse.load());
+}
+
+void HeapCounter::setCounting(bool counting) {
+    gCounting.store(counting);
 }
 
 int64_t HeapCounter::bytesInUse() {

@@ -12,6 +12,9 @@ class HeapCounter {
   public:
     // Starts a measurement: the peak becomes the bytes now in use.
     static void resetPeak();
+    // Counting costs every allocation a little; a program that times its
+    // work turns it off around the timed part. On at start.
+    static void setCounting(bool counting);
     static int64_t bytesInUse();
     static int64_t peakBytes();
 };

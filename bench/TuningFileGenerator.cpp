@@ -22,9 +22,9 @@ constexpr int kComplexEqualizerBands = 20;
 constexpr int kSibilanceBands = 5;
 
 const TuningFileShape kShapes[kTuningFileShapes] = {
-    {"small", 2, 10},
-    {"medium", 51, 20},
-    {"large", 667, 20},
+    {"small", 14, 20},
+    {"medium", 184, 20},
+    {"large", 1960, 20},
 };
 
 // Numbers that look like a tuning's: a fixed sequence, spread over a range.

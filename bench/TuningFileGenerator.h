@@ -18,8 +18,8 @@ struct TuningFileShape {
     int bands;
 };
 
-// The shapes that the benchmarks run, by argument: about 110 KB (the ten
-// profiles alone take 100 KB), 500 KB and 5 MB.
+// The shapes that the benchmarks run, by argument: about 0.2 MB (the ten
+// profiles alone take 100 KB), 1.5 MB and 15 MB.
 const TuningFileShape& tuningFileShape(int index);
 constexpr int kTuningFileShapes = 3;
 

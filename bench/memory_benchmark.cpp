@@ -1,7 +1,7 @@
 // Memory of a load: the bytes that a store keeps after loading a generated
-// tuning file against the size of its arrays (mallinfo2 deltas), and the peak
-// of the heap while it loads (HeapCounter, which replaces malloc in this
-// program only). The times that these report are not the point.
+// tuning file against the size of its arrays (mallinfo2 deltas).
+// sweep_benchmark measures the peak of the heap during a load. The times that
+// this reports are not the point.
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>
@@ -11,7 +11,6 @@
 #include <string>
 
 #include "BenchSupport.h"
-#include "HeapCounter.h"
 #include "TuningFileGenerator.h"
 
 namespace ovela::bench {
@@ -54,34 +53,11 @@ void BM_RetainedMemory(benchmark::State& state) {
         static_cast<double>(retained) / static_cast<double>(arrays);
 }
 
-void BM_PeakHeapDuringLoad(benchmark::State& state) {
-    const TuningFileShape& shape = tuningFileShape(static_cast<int>(state.range(0)));
-    const std::string& path = tuningFilePath(shape);
-    state.SetLabel(shape.name);
-    if (!warmUp(state, path)) {
-        return;
-    }
-    int64_t peak = 0;
-    for (auto _ : state) {
-        const int64_t before = HeapCounter::bytesInUse();
-        HeapCounter::resetPeak();
-        auto store = std::make_unique<ProfileParamArray>(path);
-        peak = HeapCounter::peakBytes() - before;
-        state.PauseTiming();
-        store.reset();
-        state.ResumeTiming();
-    }
-    state.counters["peak_bytes"] = static_cast<double>(peak);
-    state.counters["file_bytes"] = static_cast<double>(fileSize(path));
-    state.counters["peak_to_file"] = static_cast<double>(peak) / static_cast<double>(fileSize(path));
-}
-
 void allShapes(benchmark::internal::Benchmark* benchmark) {
     benchmark->DenseRange(0, kTuningFileShapes - 1)->Iterations(5)->Unit(benchmark::kMillisecond);
 }
 
 BENCHMARK(BM_RetainedMemory)->Apply(allShapes);
-BENCHMARK(BM_PeakHeapDuringLoad)->Apply(allShapes);
 
 }  // namespace
 

@@ -1,5 +1,7 @@
 #include "ParameterValues.h"
 
+#include <utility>
+
 namespace ovela {
 
 ParameterValues::ParameterValues(long long id, bool dirty) : mId(id), mDirty(dirty) {}
@@ -16,6 +18,11 @@ void ParameterValues::setDirty(bool dirty) {
 
 void ParameterValues::set(Parameter param, const std::vector<int>& list) {
     values[param] = list;
+    mDirty = true;
+}
+
+void ParameterValues::set(Parameter param, std::vector<int>&& list) {
+    values[param] = std::move(list);
     mDirty = true;
 }
 

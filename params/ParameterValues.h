@@ -26,6 +26,8 @@ class ParameterValues {
     // Stores a copy of `list` under `param`, replacing any earlier list, and
     // marks the entity dirty.
     void set(Parameter param, const std::vector<int>& list);
+    // The same, taking the list over instead of copying it.
+    void set(Parameter param, std::vector<int>&& list);
 
     // One "name=v1,v2,...,\n" line per parameter in value order. ieq_id is
     // never printed: an IEQ preset prints its type in its own header line.

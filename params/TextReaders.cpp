@@ -14,6 +14,10 @@ constexpr size_t kUsualListSize = 20;
 }  // namespace
 
 int string2int(std::string text) {
+    return parseDecimal(text);
+}
+
+int parseDecimal(std::string_view text) {
     size_t pos = 0;
     while (pos < text.size() && isStreamSpace(text[pos])) {
         ++pos;
@@ -48,9 +52,9 @@ std::vector<int> string_2_int_vector(std::string text) {
     result.reserve(kUsualListSize);
     size_t start = 0;
     for (size_t comma = text.find(','); comma != std::string::npos; comma = text.find(',', start)) {
-        result.push_back(string2int(text.substr(start, comma - start)));
+        result.push_back(parseDecimal(std::string_view(text).substr(start, comma - start)));
         start = comma + 1;
     }
-    result.push_back(string2int(text.substr(start)));
+    result.push_back(parseDecimal(std::string_view(text).substr(start)));
     return result;
 }

@@ -2,6 +2,7 @@
 #define OVELA_TEXT_READERS_H
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 // Text-to-number readers of the tuning file. They never fail: unreadable text
@@ -11,6 +12,9 @@
 // white space, an optional sign, digits up to the first non-digit; values past
 // the int range saturate.
 int string2int(std::string text);
+
+// string2int on a view of the text, which it does not copy.
+int parseDecimal(std::string_view text);
 
 // Splits at every "," keeping empty pieces (n commas give n + 1 values) and
 // reads each piece with string2int. Never returns an empty list.

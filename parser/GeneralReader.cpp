@@ -1,9 +1,8 @@
 #define LOG_TAG "TuningFileParser"
 
-#include <log/log.h>
-
 #include <memory>
 
+#include "ReaderLog.h"
 #include "TuningFileParser.h"
 #include "TuningFileVocabulary.h"
 #include "XmlNodes.h"
@@ -11,7 +10,7 @@
 namespace ovela {
 
 void TuningFileParser::parseGeneral(xmlNode* general) {
-    ALOGD("parseGeneral");
+    READER_LOGD("parseGeneral");
     mReport.attributes(general);
     mReport.descend(general);
     xmlNode* wrapper = xml::secondChild(general);

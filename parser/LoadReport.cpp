@@ -50,6 +50,13 @@ void LoadReport::addRepeated(const LoadRule& rule, long line, std::string one, s
     mRepeated.push_back({&rule, std::move(one), std::move(many), {line}, elements});
 }
 
+void LoadReport::discardSince(const Mark& mark) {
+    mFindings.resize(std::min(mFindings.size(), mark.findings));
+    mRepeated.resize(std::min(mRepeated.size(), mark.repeated));
+    mEntities.clear();
+    mValues.clear();
+}
+
 std::vector<LoadFinding> LoadReport::findings() const {
     std::vector<LoadFinding> all = mFindings;
     for (const Repeated& repeated : mRepeated) {

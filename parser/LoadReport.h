@@ -81,6 +81,16 @@ class LoadReport {
     // elements that an occurrence took down, summed in the folded finding.
     void addRepeated(const LoadRule& rule, long line, std::string one, std::string many,
                      size_t elements = 0);
+    // What the report holds at one moment, to take back what came after.
+    struct Mark {
+        size_t findings;
+        size_t repeated;
+    };
+    Mark mark() const { return {mFindings.size(), mRepeated.size()}; }
+    // Forgets the findings added since `mark`, and everything recorded about
+    // entities and values: a load whose file turns out unreadable says only
+    // why.
+    void discardSince(const Mark& mark);
     // Every finding, repeated causes folded, in the order they were found.
     std::vector<LoadFinding> findings() const;
     bool hasErrors() const;

@@ -1,11 +1,10 @@
 #define LOG_TAG "TuningFileParser"
 
-#include <log/log.h>
-
 #include <cstdlib>
 #include <map>
 #include <memory>
 
+#include "ReaderLog.h"
 #include "TextReaders.h"
 #include "TuningFileParser.h"
 #include "TuningFileVocabulary.h"
@@ -87,8 +86,8 @@ void TuningFileParser::parsePreset(xmlNode* preset) {
     // such a file is not loadable at all.
     for (const auto& [attribute, parameter] : layout->rowAttributes) {
         if (texts[parameter].empty()) {
-            ALOGE("%s() preset type=%s id=%s has no %s values", __func__, type.c_str(), id.c_str(),
-                  attribute);
+            READER_LOGE("%s() preset type=%s id=%s has no %s values", __func__, type.c_str(),
+                        id.c_str(), attribute);
             mReport.presetWithoutBands(preset, *layout, attribute);
             mLoadFailed = true;
             return;

@@ -1,10 +1,9 @@
 #define LOG_TAG "TuningFileParser"
 
-#include <log/log.h>
-
 #include <cstdlib>
 #include <memory>
 
+#include "ReaderLog.h"
 #include "TuningFileParser.h"
 #include "TuningFileVocabulary.h"
 #include "XmlNodes.h"
@@ -99,7 +98,7 @@ PresetType TuningFileParser::getIeqPresetTypeByName(std::string name) {
             return type;
         }
     }
-    ALOGE("name is invalid, %d", 367);
+    READER_LOGE("name is invalid, %d", 367);
     return PRESET_TYPE_OFF;
 }
 

@@ -104,7 +104,7 @@ bool isBlank(char c) {
 }
 
 // True for an optional sign and digits, with blanks around them.
-bool isWholeNumber(const std::string& text, bool* inRange) {
+bool isWholeNumber(std::string_view text, bool* inRange) {
     size_t begin = 0;
     while (begin < text.size() && isBlank(text[begin])) ++begin;
     size_t end = text.size();
@@ -118,10 +118,10 @@ bool isWholeNumber(const std::string& text, bool* inRange) {
             return false;
         }
     }
-    const std::string magnitude = text.substr(digits, end - digits);
+    const std::string_view magnitude = text.substr(digits, end - digits);
     const std::string limit = text[begin] == '-' ? "2147483648" : "2147483647";
     const size_t significant = std::min(magnitude.find_first_not_of('0'), magnitude.size());
-    const std::string number = magnitude.substr(significant);
+    const std::string_view number = magnitude.substr(significant);
     *inRange = number.size() < limit.size() || (number.size() == limit.size() && number <= limit);
     return true;
 }
@@ -355,7 +355,7 @@ void ReaderReport::reportSetting(const xmlNode* element, int readAs) {
 }
 
 void ReaderReport::reportRow(const xmlNode* element, const char* attributeName,
-                             const std::string& text, size_t values, const RowProblems& problems,
+                             std::string_view text, size_t values, const RowProblems& problems,
                              const char* emptyAs) {
     const xmlAttr* first = xml::firstAttribute(element);
     const std::string tag = tagOf(element);
@@ -402,7 +402,7 @@ void ReaderReport::reportRow(const xmlNode* element, const char* attributeName,
 }
 
 void ReaderReport::reportNumber(const xmlNode* element, std::string_view attribute,
-                                const std::string& text, int readAs, bool truthWords) {
+                                std::string_view text, int readAs, bool truthWords) {
     if (truthWords && (text == kTrueWord || text == kFalseWord)) {
         return;
     }
@@ -421,7 +421,7 @@ void ReaderReport::reportNumber(const xmlNode* element, std::string_view attribu
 }
 
 void ReaderReport::reportTruthWord(const xmlNode* element, std::string_view attribute,
-                                   const std::string& text) {
+                                   std::string_view text) {
     if (text != kTrueWord && text != kFalseWord) {
         mReport->add(kTruthWord, xmlGetLineNo(element),
                      tagOf(element) + attributeText(attribute) + " " + quoted(text) +

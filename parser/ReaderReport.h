@@ -125,17 +125,17 @@ class ReaderReport {
     }
     // A row element whose first attribute held `text`; `emptyAs` is what an
     // empty row becomes ("the entry is not sent").
-    void row(const xmlNode* element, const char* attributeName, const std::string& text,
+    void row(const xmlNode* element, const char* attributeName, std::string_view text,
              size_t values, const RowProblems& problems, const char* emptyAs) {
         if (mReport != nullptr) reportRow(element, attributeName, text, values, problems, emptyAs);
     }
     // A number in the attribute `attribute` of `element`, read as string2int reads it.
-    void number(const xmlNode* element, std::string_view attribute, const std::string& text,
+    void number(const xmlNode* element, std::string_view attribute, std::string_view text,
                 int readAs) {
         if (mReport != nullptr) reportNumber(element, attribute, text, readAs, false);
     }
     // A truth word: only "true" is true.
-    void truthWord(const xmlNode* element, std::string_view attribute, const std::string& text) {
+    void truthWord(const xmlNode* element, std::string_view attribute, std::string_view text) {
         if (mReport != nullptr) reportTruthWord(element, attribute, text);
     }
     // The first attribute of an "endpoint_type" element names its endpoint,
@@ -167,6 +167,11 @@ class ReaderReport {
         if (mReport != nullptr) {
             mReport->recordGathered(entity, parameter, xmlGetLineNo(node), xmlName(name, attribute));
         }
+    }
+    // A child element of the root starts: what is told about one section
+    // ends here.
+    void beginSection() {
+        if (mReport != nullptr) mEndpointSections.clear();
     }
     // An "endpoint_type" section of `owner` (a profile or general element) for
     // `endpoint`: a second one for the same endpoint is sent as well.
@@ -234,6 +239,12 @@ class ReaderReport {
     // Once the file is read: the profile selects `type`, which `defined` says
     // whether an IEQ preset of the file has.
     void selection(const void* profileEntity, PresetType type, bool defined);
+    LoadReport::Mark mark() const {
+        return mReport != nullptr ? mReport->mark() : LoadReport::Mark{0, 0};
+    }
+    void discardSince(const LoadReport::Mark& mark) {
+        if (mReport != nullptr) mReport->discardSince(mark);
+    }
     void forget(const void* entity) {
         if (mReport != nullptr) mReport->forget(entity);
     }
@@ -258,12 +269,11 @@ class ReaderReport {
     void reportUnknownElement(const xmlNode* element, const KnownNames& known);
     void reportUnknownAttributes(const xmlNode* element, const KnownNames& known);
     void reportSetting(const xmlNode* element, int readAs);
-    void reportRow(const xmlNode* element, const char* attributeName, const std::string& text,
+    void reportRow(const xmlNode* element, const char* attributeName, std::string_view text,
                    size_t values, const RowProblems& problems, const char* emptyAs);
-    void reportNumber(const xmlNode* element, std::string_view attribute, const std::string& text,
+    void reportNumber(const xmlNode* element, std::string_view attribute, std::string_view text,
                       int readAs, bool truthWords);
-    void reportTruthWord(const xmlNode* element, std::string_view attribute,
-                         const std::string& text);
+    void reportTruthWord(const xmlNode* element, std::string_view attribute, std::string_view text);
     void reportEndpointType(const xmlNode* element, Endpoint readAs);
     void reportEndpointName(const xmlNode* element, std::string_view attribute,
                             const std::string& text, Endpoint readAs);

@@ -18,7 +18,7 @@ bool onlySpace(const char* begin, const char* end) {
 
 }  // namespace
 
-void readRow(const std::string& text, std::vector<int>& row, RowProblems* problems) {
+void readRow(std::string_view text, std::vector<int>& row, RowProblems* problems) {
     int value = 0;
     const char* const end = text.data() + text.size();
     const char* field = text.data();

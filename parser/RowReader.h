@@ -2,6 +2,7 @@
 #define OVELA_ROW_READER_H
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -27,8 +28,9 @@ struct RowProblems {
 // Appends the numbers of `text` to `row`. Runs of commas separate like one, so
 // empty fields do not exist; a field that holds no number repeats the value
 // before it (0 at the start), and a field reads as sscanf's "%d" reads it.
-// `problems`, when given, collects what a person would not expect.
-void readRow(const std::string& text, std::vector<int>& row, RowProblems* problems);
+// `problems`, when given, collects what a person would not expect. A NUL
+// follows the text, as it does in the tree.
+void readRow(std::string_view text, std::vector<int>& row, RowProblems* problems);
 
 }  // namespace ovela
 

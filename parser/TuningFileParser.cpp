@@ -11,6 +11,8 @@
 #include <utility>
 
 #include "LoadReport.h"
+#include "ReaderLog.h"
+#include "SectionStream.h"
 #include "TuningFileVocabulary.h"
 #include "XmlDocumentReport.h"
 #include "XmlNodes.h"
@@ -38,7 +40,7 @@ std::string readVersion(xmlNode* element, ReaderReport& report) {
         if (const VersionPart* part = findByName(kVersionAttributes, xml::nameOf(attribute))) {
             parts[*part] = std::move(value);
         } else {
-            ALOGE("invalid attribute name %s", reinterpret_cast<const char*>(attribute->name));
+            READER_LOGE("invalid attribute name %s", reinterpret_cast<const char*>(attribute->name));
         }
     }
     report.attributes(element, kVersionAttributes);
@@ -91,12 +93,29 @@ int TuningFileParser::setTuningFile(std::string path) {
 int TuningFileParser::setTuningFile(std::string path, LoadReport* report) {
     AttachedReport attached(mReport, report);
     mTuningFilePath = std::move(path);
-    if (initXmlParser() != 0) {
+    if (mTuningFilePath.empty()) {
+        ALOGE("invalide tuning file path, %d", 125);
+        mReport.add(rules::kFileUnreadable, nullptr, "no tuning file given");
         return -22;
     }
-    if (!parseDocument()) {
+    std::string source;
+    bool readable = false;
+    {
+        android::Mutex::Autolock lock(libxmlLock());
+        readable = readTuningFileBytes(mTuningFilePath, &source);
+    }
+    if (!readable) {
+        XmlDocumentReport(mReport.get(), mTuningFilePath).parsed(nullptr);
+        ALOGE("fail to call xmlReadFile,  %d", 138);
         return -22;
     }
+    if (parseSource(source) != 0) {
+        return -22;
+    }
+    // The entities copy what they read, so nothing refers to an earlier document.
+    mSource = std::move(source);
+    mDocument.reset();
+    mRootElement = nullptr;
     delete mDeviceData;
     mDeviceData = new DeviceData();
     mDeviceData->setFormatVersion(mContents.formatVersion);
@@ -110,6 +129,66 @@ int TuningFileParser::setTuningFile(std::string path, LoadReport* report) {
     mDeviceData->setGeneral(mContents.general);
     mDeviceData->setGeneralEndPoints(mContents.generalEndpoints);
     return 0;
+}
+
+int TuningFileParser::parseSource(const std::string& source) {
+    const TuningFileContents before = mContents;
+    const LoadReport::Mark mark = mReport.mark();
+    // The sections are read while the document streams in; until its end
+    // tells that it is well-formed, their log lines wait.
+    HeldReaderLog held;
+    XmlDocumentReport documentReport(mReport.get(), mTuningFilePath);
+    mLoadFailed = false;
+    bool wellFormed = false;
+    bool hasRoot = false;
+    {
+        android::Mutex::Autolock lock(libxmlLock());
+        SectionStream stream(documentReport.options());
+        wellFormed = stream.parse(
+            source, mTuningFilePath,
+            [](void* self, xmlNode* section) {
+                auto* parser = static_cast<TuningFileParser*>(self);
+                if (!parser->mLoadFailed) {
+                    parser->parseSection(section);
+                }
+            },
+            this);
+        hasRoot = stream.hasRoot();
+        if (!wellFormed) {
+            mReport.discardSince(mark);
+        }
+        documentReport.parsed(wellFormed ? stream.document() : nullptr);
+    }
+    if (!wellFormed) {
+        restore(before);
+        ALOGE("fail to call xmlReadFile,  %d", 138);
+        return -22;
+    }
+    held.release();
+    if (!hasRoot) {
+        restore(before);
+        ALOGE("fail to call xmlDocGetRootElement, %d", 144);
+        mReport.add(rules::kNoRoot, nullptr, "the document has no root element");
+        return -19;
+    }
+    if (mLoadFailed) {
+        restore(before);
+        return -22;
+    }
+    mContents.parsed = true;
+    reportLinks();
+    return 0;
+}
+
+void TuningFileParser::restore(const TuningFileContents& before) {
+    std::set<const void*> kept;
+    before.forEachEntity([&](const void* entity) { kept.insert(entity); });
+    mContents.forEachEntity([&](auto* entity) {
+        if (kept.count(entity) == 0) {
+            delete entity;
+        }
+    });
+    mContents = before;
 }
 
 int TuningFileParser::initXmlParser() {
@@ -143,10 +222,11 @@ int TuningFileParser::initXmlParser() {
 }
 
 void TuningFileParser::parseTuningFile() {
-    if (mRootElement == nullptr) {
-        return;
+    if (mRootElement != nullptr) {
+        parseDocument();
+    } else if (!mSource.empty()) {
+        parseSource(mSource);
     }
-    parseDocument();
 }
 
 bool TuningFileParser::isParsed() {
@@ -169,20 +249,14 @@ bool TuningFileParser::parseDocument() {
     // A file that cannot be loaded must leave no partly built model behind,
     // so keep what a load may change and put it back if the load fails.
     const TuningFileContents before = mContents;
+    mLoadFailed = false;
     parseNode(mRootElement->children);
-    if (!mLoadFailed) {
-        reportLinks();
-        return true;
+    if (mLoadFailed) {
+        restore(before);
+        return false;
     }
-    std::set<const void*> kept;
-    before.forEachEntity([&](const void* entity) { kept.insert(entity); });
-    mContents.forEachEntity([&](auto* entity) {
-        if (kept.count(entity) == 0) {
-            delete entity;
-        }
-    });
-    mContents = before;
-    return false;
+    reportLinks();
+    return true;
 }
 
 void TuningFileParser::reportLinks() {
@@ -205,38 +279,41 @@ void TuningFileParser::reportLinks() {
 }
 
 void TuningFileParser::parseNode(xmlNode* first) {
-    mLoadFailed = false;
     for (xmlNode* node = first; node != nullptr && !mLoadFailed; node = node->next) {
-        if (!xml::isElement(node)) {
-            continue;
-        }
-        const Section* section = findByName(kSectionElements, xml::nameOf(node));
-        if (section == nullptr) {
-            mReport.unknownElement(node, kSectionElements);
-            continue;
-        }
-        switch (*section) {
-            case Section::FORMAT_VERSION:
-                parseFormatVersion(node);
-                break;
-            case Section::TOOL_VERSION:
-                parseToolVersion(node);
-                break;
-            case Section::GENERAL:
-                parseGeneral(node);
-                break;
-            case Section::PRESET:
-                parsePreset(node);
-                break;
-            case Section::PROFILE:
-                parseProfile(node);
-                break;
-            case Section::TUNING:
-                parseTuning(node);
-                break;
+        if (xml::isElement(node)) {
+            parseSection(node);
         }
     }
     mContents.parsed = true;
+}
+
+void TuningFileParser::parseSection(xmlNode* element) {
+    mReport.beginSection();
+    const Section* section = findByName(kSectionElements, xml::nameOf(element));
+    if (section == nullptr) {
+        mReport.unknownElement(element, kSectionElements);
+        return;
+    }
+    switch (*section) {
+        case Section::FORMAT_VERSION:
+            parseFormatVersion(element);
+            break;
+        case Section::TOOL_VERSION:
+            parseToolVersion(element);
+            break;
+        case Section::GENERAL:
+            parseGeneral(element);
+            break;
+        case Section::PRESET:
+            parsePreset(element);
+            break;
+        case Section::PROFILE:
+            parseProfile(element);
+            break;
+        case Section::TUNING:
+            parseTuning(element);
+            break;
+    }
 }
 
 void TuningFileParser::parseFormatVersion(xmlNode* element) {

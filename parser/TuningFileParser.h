@@ -103,6 +103,13 @@ class TuningFileParser {
     // takes back everything it added, so the reader holds what it held
     // before; false then.
     bool parseDocument();
+    // Parses a document from its bytes, section by section as they stream
+    // in, with the same taking back; 0, -22 or -19.
+    int parseSource(const std::string& source);
+    // Deletes what was added since `before` and puts it back.
+    void restore(const TuningFileContents& before);
+    // Reads one child element of the root.
+    void parseSection(xmlNode* element);
     // What a parse that reports adds at the end: links that point at nothing.
     void reportLinks();
 
@@ -115,7 +122,7 @@ class TuningFileParser {
     // The matrix `name` of `parent`; `found` takes its element, or null.
     std::vector<int> readMixMatrix(const char* name, xmlNode* parent, const xmlNode** found);
     // Stores `list` under `parameter` of `entity`, read from `node`.
-    void store(ParameterValues& entity, Parameter parameter, const std::vector<int>& list,
+    void store(ParameterValues& entity, Parameter parameter, std::vector<int> list,
                const xmlNode* node, std::string_view name,
                std::string_view attribute = std::string_view());
     void storeElementValue(ParameterValues& entity, xmlNode* element, const ElementValue& value);
@@ -124,8 +131,12 @@ class TuningFileParser {
     std::string mTuningFilePath;
     TuningFileContents mContents;
     DeviceData* mDeviceData = nullptr;
+    // The document of initXmlParser, read whole.
     std::unique_ptr<xmlDoc, DocumentDeleter> mDocument;
     xmlNode* mRootElement = nullptr;
+    // The bytes of the document of setTuningFile, which streams them in: kept
+    // so that parseTuningFile reads the same document again.
+    std::string mSource;
     // Set by a section reader that finds the file unloadable.
     bool mLoadFailed = false;
     ReaderReport mReport;

@@ -1,12 +1,11 @@
 #define LOG_TAG "TuningFileParser"
 
-#include <log/log.h>
-
 #include <map>
 #include <memory>
 #include <utility>
 
 #include "Endpoint.h"
+#include "ReaderLog.h"
 #include "TextReaders.h"
 #include "TuningFileParser.h"
 #include "TuningFileVocabulary.h"
@@ -27,15 +26,8 @@ constexpr size_t kBandCapacity = 20;
 class HeldLists {
   public:
     HeldLists() {
-        for (const auto& [element, columns] : kTuningBandElements) {
-            for (const auto& [attribute, column] : columns) {
-                mLists[column.parameter].reserve(kBandCapacity);
-            }
-        }
-        for (const auto& [element, row] : kTuningRowElements) {
-            if (row.storage == RowStorage::KEPT) {
-                mLists[row.parameter];
-            }
+        for (Parameter parameter : heldParameters()) {
+            mLists[parameter].reserve(kBandCapacity);
         }
     }
 
@@ -45,17 +37,37 @@ class HeldLists {
     void tableMet(const char* name, const xmlNode* element) { mTables.emplace(name, element); }
 
     void storeInto(ParameterValues& tuning, ReaderReport& report) {
-        for (const auto& [parameter, list] : mLists) {
-            tuning.set(parameter, list);
-        }
         for (const auto& [name, element] : mTables) {
             const NameTable<BandColumn>& columns = *findByName(kTuningBandElements, name);
             report.bandFrequencies(&tuning, element, mLists[columns.begin()->second.parameter]);
         }
+        for (Parameter parameter : heldParameters()) {
+            tuning.set(parameter, std::move(mLists[parameter]));
+        }
     }
 
   private:
-    std::map<Parameter, std::vector<int>> mLists;
+    // The band columns and the kept rows, from the tables.
+    static const std::vector<Parameter>& heldParameters() {
+        static const std::vector<Parameter> kHeld = [] {
+            std::vector<Parameter> held;
+            for (const auto& [element, columns] : kTuningBandElements) {
+                for (const auto& [attribute, column] : columns) {
+                    held.push_back(column.parameter);
+                }
+            }
+            for (const auto& [element, row] : kTuningRowElements) {
+                if (row.storage == RowStorage::KEPT) {
+                    held.push_back(row.parameter);
+                }
+            }
+            return held;
+        }();
+        return kHeld;
+    }
+
+    // Indexed by parameter: a list is found without a search.
+    std::vector<int> mLists[kNumParameters];
     std::map<std::string_view, const xmlNode*> mTables;
 };
 
@@ -79,13 +91,14 @@ void readBandRows(Tuning& tuning, xmlNode* element, const char* name,
             if (column == nullptr) {
                 continue;
             }
-            const std::string value = xml::valueOf(attribute);
+            std::string storage;
+            const std::string_view value = xml::textOf(attribute, storage);
             int number = 0;
             if (column->value == BandValue::TRUE_WORD) {
                 number = value == kTrueWord;
                 report.truthWord(row, xml::nameOf(attribute), value);
             } else {
-                number = string2int(value);
+                number = parseDecimal(value);
                 report.number(row, xml::nameOf(attribute), value, number);
             }
             held.of(column->parameter).push_back(number);
@@ -112,8 +125,9 @@ void TuningFileParser::readDataElement(Tuning& tuning, xmlNode* element, HeldLis
         for (xmlAttr* attribute = element->properties; attribute != nullptr;
              attribute = attribute->next) {
             if (const Parameter* parameter = findByName(*attributes, xml::nameOf(attribute))) {
-                const std::string text = xml::valueOf(attribute);
-                const int value = string2int(text);
+                std::string storage;
+                const std::string_view text = xml::textOf(attribute, storage);
+                const int value = parseDecimal(text);
                 mReport.number(element, xml::nameOf(attribute), text, value);
                 store(tuning, *parameter, {value}, element, view, xml::nameOf(attribute));
             }
@@ -122,15 +136,16 @@ void TuningFileParser::readDataElement(Tuning& tuning, xmlNode* element, HeldLis
         std::vector<int> list;
         for (xmlAttr* attribute = element->properties; attribute != nullptr;
              attribute = attribute->next) {
-            const std::string text = xml::valueOf(attribute);
-            list.push_back(string2int(text));
+            std::string storage;
+            const std::string_view text = xml::textOf(attribute, storage);
+            list.push_back(parseDecimal(text));
             mReport.number(element, xml::nameOf(attribute), text, list.back());
         }
         if (list.empty()) {
             mReport.add(rules::kEmptyList, element,
                         tagOf(element) + " has no attributes: the entry is not sent");
         }
-        store(tuning, *parameter, list, element, view);
+        store(tuning, *parameter, std::move(list), element, view);
     } else if (const auto* table = findEntry(kTuningBandElements, view)) {
         readBandRows(tuning, element, table->first, table->second, held, mReport);
     } else if (view == kOutputModeElement) {
@@ -172,7 +187,7 @@ void TuningFileParser::parseTuning(xmlNode* tuning) {
             }
         } else if (const Parameter* parameter =
                        findByName(kTuningListAttributes, xml::nameOf(attribute))) {
-            lists[*parameter].push_back(string2int(value));
+            lists[*parameter].push_back(parseDecimal(value));
             mReport.number(tuning, xml::nameOf(attribute), value, lists[*parameter].back());
         }
     }
@@ -203,7 +218,7 @@ void TuningFileParser::parseTuning(xmlNode* tuning) {
         parseDeviceTuning(node, name);
     }
     if (data == nullptr) {
-        ALOGE("There is no <data> in Tuning section");
+        READER_LOGE("There is no <data> in Tuning section");
         mReport.noData(tuning, name);
         mReport.forget(entity.get());
         return;

@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "RowReader.h"
@@ -12,18 +14,20 @@ namespace ovela {
 
 namespace {
 
-// Reserved so that the usual rows and matrices build without reallocation.
-constexpr size_t kRowCapacity = 155;
+// Reserved so that the usual matrices build without reallocation.
 constexpr size_t kMatrixCapacity = 50;
 
 // The row in the first attribute of `element`, which the format names
 // `attributeName`; `emptyAs` says what an empty row becomes.
 std::vector<int> rowOf(const xmlNode* element, ReaderReport& report, const char* attributeName,
                        const char* emptyAs) {
-    std::vector<int> row;
-    row.reserve(kRowCapacity);
     const xmlAttr* first = xml::firstAttribute(element);
-    const std::string text = first == nullptr ? std::string() : xml::valueOf(first);
+    std::string storage;
+    const std::string_view text =
+        first == nullptr ? std::string_view() : xml::textOf(first, storage);
+    // Room for every field, so that the row is kept at its own size.
+    std::vector<int> row;
+    row.reserve(std::count(text.begin(), text.end(), ',') + 1);
     RowProblems problems;
     readRow(text, row, report ? &problems : nullptr);
     report.row(element, attributeName, text, row.size(), problems, emptyAs);
@@ -64,11 +68,16 @@ std::string TuningFileParser::xmlChar2String(const xmlChar* text) {
 }
 
 int TuningFileParser::getNodeValue(xmlNode* element) {
-    const std::string text = xml::firstAttributeValue(element, kValueAttribute);
+    const xmlAttr* first = xml::firstAttribute(element);
+    if (first == nullptr || xml::nameOf(first) != kValueAttribute) {
+        return 0;
+    }
+    std::string storage;
+    const std::string_view text = xml::textOf(first, storage);
     if (const int* truth = findByName(kTruthWords, text)) {
         return *truth;
     }
-    return string2int(text);
+    return parseDecimal(text);
 }
 
 std::vector<int> TuningFileParser::parseDataRow(xmlNode* element) {
@@ -97,10 +106,10 @@ std::vector<int> TuningFileParser::readMixMatrix(const char* name, xmlNode* pare
     return matrixOf(name, parent, mReport, found);
 }
 
-void TuningFileParser::store(ParameterValues& entity, Parameter parameter,
-                             const std::vector<int>& list, const xmlNode* node,
-                             std::string_view name, std::string_view attribute) {
-    entity.set(parameter, list);
+void TuningFileParser::store(ParameterValues& entity, Parameter parameter, std::vector<int> list,
+                             const xmlNode* node, std::string_view name,
+                             std::string_view attribute) {
+    entity.set(parameter, std::move(list));
     mReport.value(&entity, parameter, node, name, attribute);
 }
 
@@ -121,7 +130,7 @@ void TuningFileParser::storeElementValue(ParameterValues& entity, xmlNode* eleme
             }
             break;
     }
-    store(entity, value.parameter, list, element, xml::nameOf(element));
+    store(entity, value.parameter, std::move(list), element, xml::nameOf(element));
 }
 
 }  // namespace ovela

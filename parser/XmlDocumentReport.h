@@ -24,9 +24,9 @@ class XmlDocumentReport {
     XmlDocumentReport(const XmlDocumentReport&) = delete;
     XmlDocumentReport& operator=(const XmlDocumentReport&) = delete;
 
-    // The options to read the file with: none, so that the tree holds every
-    // node; with a report, line numbers past 65535 are kept as well, which
-    // leaves the tree as it is.
+    // The options to read the file with: none that changes the tree, which
+    // holds every node, whitespace text included; compact small text, and,
+    // with a report, line numbers past 65535.
     int options() const;
     // Call with what xmlReadFile returned.
     void parsed(const xmlDoc* document);

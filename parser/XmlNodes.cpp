@@ -3,9 +3,9 @@
 #include "XmlNodes.h"
 
 #include <libxml/entities.h>
-#include <log/log.h>
 
 #include "LoadReport.h"
+#include "ReaderLog.h"
 
 namespace ovela::xml {
 
@@ -56,10 +56,10 @@ std::string expandedValueOf(const xmlAttr* attribute) {
     std::string value;
     int references = 0;
     if (!appendText(attribute->doc, attribute->children, value, references)) {
-        ALOGE("%s() %s of <%s> passes %zu bytes or %d entity references: read as empty", __func__,
-              reinterpret_cast<const char*>(attribute->name),
-              reinterpret_cast<const char*>(attribute->parent->name), kMaxExpandedValueBytes,
-              kMaxExpandedReferences);
+        READER_LOGE("%s() %s of <%s> passes %zu bytes or %d entity references: read as empty",
+                    __func__, reinterpret_cast<const char*>(attribute->name),
+                    reinterpret_cast<const char*>(attribute->parent->name), kMaxExpandedValueBytes,
+                    kMaxExpandedReferences);
         if (tExpansionReport != nullptr) {
             tExpansionReport->add(
                 rules::kEntityExpansion, xmlGetLineNo(attribute->parent),

@@ -42,18 +42,28 @@ std::string expandedValueOf(const xmlAttr* attribute);
 void setExpansionReport(LoadReport* report);
 
 // The value of `attribute` as xmlGetProp(element, name) gives it, read from
-// the tree in place. xmlGetProp finds an attribute by its local name alone,
-// so of two that differ only in their namespace both read as the first.
-inline std::string valueOf(const xmlAttr* attribute) {
+// the tree in place: a view of the tree's own text when the attribute holds
+// one piece of text, else of `storage`, which it fills. Either ends before a
+// NUL. xmlGetProp finds an attribute by its local name alone, so of two that
+// differ only in their namespace both read as the first.
+inline std::string_view textOf(const xmlAttr* attribute, std::string& storage) {
     const xmlAttr* namesake = attribute->parent->properties;
     while (namesake != attribute && !xmlStrEqual(namesake->name, attribute->name)) {
         namesake = namesake->next;
     }
     const xmlNode* text = namesake->children;
     if (text != nullptr && text->next == nullptr && text->type == XML_TEXT_NODE) {
-        return toString(text->content);
+        return text->content == nullptr ? std::string_view()
+                                        : reinterpret_cast<const char*>(text->content);
     }
-    return expandedValueOf(namesake);
+    storage = expandedValueOf(namesake);
+    return storage;
+}
+
+// The same value as a string of its own.
+inline std::string valueOf(const xmlAttr* attribute) {
+    std::string storage;
+    return std::string(textOf(attribute, storage));
 }
 
 inline std::string_view nameOf(const xmlNode* node) {

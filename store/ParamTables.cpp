@@ -48,6 +48,9 @@ void ParamTables::takeFrom(ParamTables& other) {
     // The arrays belong to these tables now.
     other.mProfiles.clear();
     other.mTunings.clear();
+    // The tables stay as they are for the life of the store: no room to spare
+    // (libutils keeps at least one more element than the table holds).
+    mTunings.setCapacity(mTunings.size() + 1);
 }
 
 const int32_t* ParamTables::getProfileArray(OvlProfileId profile) const {
