@@ -16,6 +16,8 @@
 #include "ParamCodes.h"
 #include "ProfileParamArray.h"
 #include "ProfileParamParser.h"
+#include "RecordedTuning.h"
+#include "TuningFileVocabulary.h"
 
 namespace ovela {
 
@@ -23,9 +25,6 @@ namespace {
 
 constexpr int kInvalidArgument = -22;
 constexpr int kNoMemory = -12;
-// The name recorded for an endpoint without a tuning of its own: the store
-// serves it from the default tuning inside the general array.
-constexpr char kDefaultTuning[] = "default";
 
 using Scratch = std::unique_ptr<void, decltype(&free)>;
 
@@ -114,13 +113,12 @@ ProfileParamCache::ProfileParamCache()
     : mProfile(kGeneralProfileId), mEndpointTunings(std::string()) {
     ProfileParamArray& store = ProfileParamArray::getInstance();
     for (size_t i = 0; i < kNumEndpoints; ++i) {
-        const char* name = kEndpointNames[i];
-        if (store.getTuningParamsSize(name) != 0) {
-            ALOGD("%s(There is specific tuning for endpiont: %s)", __func__, name);
-            mEndpointTunings.add(static_cast<Endpoint>(i), name);
-        } else {
-            mEndpointTunings.add(static_cast<Endpoint>(i), kDefaultTuning);
+        const auto endpoint = static_cast<Endpoint>(i);
+        const std::string tuning = recordedTuning(store, endpoint);
+        if (tuning != kDefaultTuningName) {
+            ALOGD("%s(There is specific tuning for endpiont: %s)", __func__, tuning.c_str());
         }
+        mEndpointTunings.add(endpoint, tuning);
     }
 }
 
@@ -193,7 +191,7 @@ int ProfileParamCache::setEndpointTuning(Endpoint endpoint, std::string tuning, 
     }
     list.reset();
     if (tuning == mEndpointTunings.valueFor(endpoint)) {
-        if (skipIfUnchanged || tuning == kDefaultTuning) {
+        if (skipIfUnchanged || tuning == kDefaultTuningName) {
             return 0;
         }
     } else {

@@ -192,4 +192,67 @@ std::vector<VocabularyName> tuningFileVocabulary() {
     return list.take();
 }
 
+namespace {
+
+Parameter parameterOf(Parameter parameter) {
+    return parameter;
+}
+
+Parameter parameterOf(const ElementValue& value) {
+    return value.parameter;
+}
+
+Parameter parameterOf(const TuningRow& row) {
+    return row.parameter;
+}
+
+Parameter parameterOf(const BandColumn& column) {
+    return column.parameter;
+}
+
+// The name under which `table` holds `parameter`, behind `element` when given.
+template <typename Table>
+bool nameIn(const Table& table, Parameter parameter, const char* element, std::string* name) {
+    for (const auto& [entry, value] : table) {
+        if (parameterOf(value) == parameter) {
+            *name = element == nullptr ? entry : std::string(element) + " " + entry;
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+std::string xmlNameOf(Parameter parameter) {
+    std::string name;
+    if (nameIn(kGeneralElements, parameter, nullptr, &name) ||
+        nameIn(kGeneralEndpointElements, parameter, nullptr, &name) ||
+        nameIn(kProfileElements, parameter, nullptr, &name) ||
+        nameIn(kProfileEndpointElements, parameter, nullptr, &name) ||
+        nameIn(kTuningListAttributes, parameter, nullptr, &name) ||
+        nameIn(kTuningValueElements, parameter, nullptr, &name) ||
+        nameIn(kTuningRowElements, parameter, nullptr, &name) ||
+        nameIn(kTuningAttributeListElements, parameter, nullptr, &name) ||
+        nameIn(kOutputModeMatrices, parameter, nullptr, &name)) {
+        return name;
+    }
+    for (const auto& [type, layout] : kPresetTypes) {
+        if (nameIn(layout.rowAttributes, parameter, layout.rowElement, &name)) {
+            return name;
+        }
+    }
+    for (const auto& [element, attributes] : kTuningAttributeElements) {
+        if (nameIn(attributes, parameter, element, &name)) {
+            return name;
+        }
+    }
+    for (const auto& [element, columns] : kTuningBandElements) {
+        if (nameIn(columns, parameter, element, &name)) {
+            return name;
+        }
+    }
+    return kParameterNames[parameter];
+}
+
 }  // namespace ovela

@@ -286,6 +286,11 @@ inline constexpr NameEntry<ElementValue> kProfileEndpointElements[] = {
 
 enum class TuningAttribute { NAME, ENDPOINT_TYPE, MONO_DEVICE };
 
+// The name of the tuning that serves every endpoint that profiles use and
+// that has no tuning of its own name: it is sent with the general array. A
+// store also lists it for an endpoint without tunings of its own.
+inline constexpr char kDefaultTuningName[] = "default";
+
 // Attributes of "*/tuning" that describe the tuning. "endpoint_type" holds an
 // endpoint name (kEndpointNames); "mono_device" is mono only when exactly "true".
 inline constexpr NameEntry<TuningAttribute> kTuningAttributes[] = {
@@ -464,6 +469,12 @@ struct VocabularyName {
 // Every name above with its place in the file, parents before their children,
 // for tools that check tuning files or make inputs for the reader.
 std::vector<VocabularyName> tuningFileVocabulary();
+
+// What a tuning file calls the parameter, as a person finds it in the file:
+// the element that holds it ("volume-leveler-amount"), or the element and the
+// attribute ("virtual-bass-mix-freqs frequency_high", "band_ieq target"); the
+// print name for a parameter that no file gives (ieq_id).
+std::string xmlNameOf(Parameter parameter);
 
 }  // namespace ovela
 

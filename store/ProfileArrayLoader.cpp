@@ -22,6 +22,7 @@
 #include "StoreReport.h"
 #include "TuningConversion.h"
 #include "TuningFileParser.h"
+#include "TuningFileVocabulary.h"
 
 namespace ovela {
 
@@ -29,9 +30,6 @@ namespace {
 
 // Messages name the store operation that runs the load.
 constexpr char kLoadName[] = "loadXMLFile";
-// A tuning of this name is not stored: it serves every endpoint that profiles
-// use and that has no tuning of its own name.
-constexpr char kDefaultTuningName[] = "default";
 constexpr size_t kMixMatrixReserve = 50;
 // Builders of profiles 0 to 9, then of the general array.
 constexpr size_t kBuilderCount = kLastProfileId - kFirstProfileId + 2;

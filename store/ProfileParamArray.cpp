@@ -16,6 +16,7 @@
 #include "ProfileArrayLoader.h"
 #include "SpeakerData.h"
 #include "TuningConversion.h"
+#include "TuningFileVocabulary.h"
 
 // A product build may name another file with -DOVELA_DEFAULT_TUNING_FILE.
 #ifndef OVELA_DEFAULT_TUNING_FILE
@@ -29,10 +30,10 @@ namespace ovela {
 namespace {
 
 constexpr char kDefaultTuningFile[] = OVELA_DEFAULT_TUNING_FILE;
-// What the list of an endpoint without tunings reads; the byte after it is
-// reserved but left unwritten.
-constexpr char kNoTunings[] = "default";
-constexpr uint32_t kNoTuningsLength = sizeof(kNoTunings);
+// An endpoint without tunings lists the default one; the byte after its name
+// is reserved but left unwritten.
+constexpr const char* kNoTunings = kDefaultTuningName;
+constexpr uint32_t kNoTuningsLength = sizeof(kDefaultTuningName);
 
 std::vector<std::string> tuningsOf(const ParamTables& tables, Endpoint endpoint) {
     std::vector<std::string> names;

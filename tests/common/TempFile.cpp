@@ -4,6 +4,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <vector>
 
 namespace ovela::testing {
@@ -30,6 +32,11 @@ TempFile::TempFile(const std::string& contents, const std::string& suffix) {
 
 TempFile::~TempFile() {
     unlink(mPath.c_str());
+}
+
+std::string fileText(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
 std::string dataFile(const std::string& name) {

@@ -19,6 +19,9 @@ class TempFile {
     std::string mPath;
 };
 
+// The bytes of the file at `path`; empty when it cannot be read.
+std::string fileText(const std::string& path);
+
 // Path of a fixture under tests/data.
 std::string dataFile(const std::string& name);
 

@@ -2,19 +2,11 @@
 
 #include <dirent.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "TempFile.h"
 
 namespace ovela::testing {
 
 namespace {
-
-std::string readFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
 
 // A tuning file around `sections`. A blank after every start tag keeps the
 // whitespace node that the reader skips, so short files fit on one line.
@@ -126,7 +118,7 @@ std::string billionLaughs() {
 }
 
 std::string sampleText() {
-    return readFile(sampleFile());
+    return fileText(sampleFile());
 }
 
 std::vector<CorpusFile> harmlessSampleVariants() {
@@ -158,7 +150,7 @@ std::vector<CorpusFile> tuningFileCorpus() {
         while (const dirent* entry = readdir(fixtures)) {
             const std::string name = entry->d_name;
             if (name.size() > 4 && name.substr(name.size() - 4) == ".xml") {
-                corpus.push_back({name, readFile(dataFile(name))});
+                corpus.push_back({name, fileText(dataFile(name))});
             }
         }
         closedir(fixtures);

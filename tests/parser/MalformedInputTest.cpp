@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "LogCapture.h"
 #include "ParserTestSupport.h"
 #include "TempFile.h"
@@ -12,6 +9,7 @@
 namespace ovela {
 namespace {
 
+using testing::fileText;
 using testing::loadText;
 using testing::LogCapture;
 using testing::sampleFile;
@@ -35,8 +33,7 @@ INSTANTIATE_TEST_SUITE_P(Corpus, MalformedInputTest, ::testing::ValuesIn(testing
                          });
 
 TEST(MalformedInputTest, EveryTruncationOfTheReferenceFileFailsCleanly) {
-    std::ifstream in(sampleFile());
-    const std::string whole((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    const std::string whole = fileText(sampleFile());
     const size_t end = whole.rfind("</ovela_tuning>");
     ASSERT_NE(end, std::string::npos);
     LogCapture log;

@@ -1,175 +1,73 @@
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
-#include "Commands.h"
 #include "LoadRules.h"
-#include "PackedArrays.h"
+#include "LogCapture.h"
 #include "TempFile.h"
+#include "ToolRun.h"
 
 namespace ovela::tune {
 namespace {
 
 using ovela::testing::dataFile;
+using ovela::testing::fileText;
 using ovela::testing::sampleFile;
 using ovela::testing::TempFile;
 
-struct ToolRun {
-    int exitCode;
-    std::string out;
-    std::string err;
-};
-
-ToolRun runOvelaTune(const std::vector<std::string>& arguments) {
-    std::ostringstream out, err;
-    int exitCode = runTool(arguments, out, err);
-    return {exitCode, out.str(), err.str()};
-}
-
-std::vector<std::string> linesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) {
-        lines.push_back(line);
-    }
-    return lines;
-}
-
-std::vector<uint8_t> profileBytes(ProfileParamArray& store, int profile) {
-    std::vector<uint8_t> bytes(store.getProfileParamsSize(profile));
-    store.getProfileParams(profile, bytes.data());
-    return bytes;
-}
-
-std::vector<uint8_t> tuningBytes(ProfileParamArray& store, const std::string& name) {
-    std::vector<uint8_t> bytes(store.getTuningParamsSize(name));
-    store.getTuningParams(name, bytes.data());
-    return bytes;
-}
-
-void appendWord(std::vector<uint8_t>* bytes, int32_t word) {
-    const auto* raw = reinterpret_cast<const uint8_t*>(&word);
-    bytes->insert(bytes->end(), raw, raw + sizeof(word));
-}
-
-// Packs an array back from the JSON that dump printed for it.
-std::vector<uint8_t> packFromJson(const nlohmann::json& item, int32_t header) {
-    std::vector<uint8_t> bytes;
-    appendWord(&bytes, header);
-    appendWord(&bytes, static_cast<int32_t>(item["entries"].size()));
-    for (const auto& entry : item["entries"]) {
-        appendWord(&bytes, deviceFromName(entry["device"]).value());
-        appendWord(&bytes, codeFromText(entry["code"]).value());
-        EXPECT_EQ(entry["count"], entry["values"].size());
-        appendWord(&bytes, entry["count"].get<int32_t>());
-        for (int32_t value : entry["values"]) {
-            appendWord(&bytes, value);
-        }
-    }
-    EXPECT_EQ(item["size"], bytes.size());
-    return bytes;
-}
-
-TEST(OvelaTuneDumpTest, JsonPacksBackToTheStoresArraysByteForByte) {
-    const std::string sample = sampleFile();
-    ProfileParamArray store(sample);
-    std::ostringstream out;
-    dumpStore(store, {sample, true, {}, {}}, out);
-    nlohmann::json document = nlohmann::json::parse(out.str());
-
-    ASSERT_EQ(document["profiles"].size(), 10u);
-    for (const auto& profile : document["profiles"]) {
-        int id = profile["profile"];
-        EXPECT_EQ(packFromJson(profile, id), profileBytes(store, id)) << "profile " << id;
-    }
-    EXPECT_EQ(packFromJson(document["general"], -1), profileBytes(store, -1));
-
-    std::vector<std::string> names;
-    for (const auto& tuning : document["tunings"]) {
-        names.push_back(tuning["name"]);
-        EXPECT_EQ(packFromJson(tuning, tuning["ordinal"]), tuningBytes(store, tuning["name"]))
-            << "tuning " << tuning["name"];
-    }
-    EXPECT_EQ(names, allTunings(store));
-    EXPECT_GE(names.size(), 3u);
-}
-
-TEST(OvelaTuneDumpTest, TextPacksBackToTheStoresArraysByteForByte) {
-    const std::string sample = sampleFile();
-    ProfileParamArray store(sample);
-    std::ostringstream out;
-    dumpStore(store, {sample, false, {}, {}}, out);
-
-    // Each array is a title line ("profile 3: ...", "general ...", "tuning NAME ...")
-    // followed by one line per entry: device, code, count ":" values.
-    std::vector<std::pair<std::string, std::vector<uint8_t>>> arrays;
-    for (const std::string& line : linesOf(out.str())) {
-        std::istringstream words(line);
-        if (line.rfind("  ", 0) != 0) {
-            std::string kind, name;
-            words >> kind >> name;
-            arrays.push_back({kind + " " + name, {}});
-            continue;
-        }
-        std::string device, code, count;
-        words >> device >> code >> count;
-        std::vector<uint8_t>& bytes = arrays.back().second;
-        appendWord(&bytes, deviceFromName(device).value());
-        appendWord(&bytes, codeFromText(code).value());
-        appendWord(&bytes, std::stoi(count));
-        for (int32_t value; words >> value;) {
-            appendWord(&bytes, value);
-        }
-    }
-    ASSERT_EQ(arrays.size(), 11 + allTunings(store).size());
-    for (auto& [title, entries] : arrays) {
-        std::vector<uint8_t> expected;
-        if (title.rfind("tuning ", 0) == 0) {
-            expected = tuningBytes(store, title.substr(7));
-        } else {
-            int id = title.rfind("general", 0) == 0 ? -1 : std::stoi(title.substr(8));
-            expected = profileBytes(store, id);
-        }
-        ASSERT_GE(expected.size(), 8u) << title;
-        std::vector<uint8_t> header(expected.begin(), expected.begin() + 8);
-        entries.insert(entries.begin(), header.begin(), header.end());
-        EXPECT_EQ(entries, expected) << title;
-    }
-}
-
-TEST(OvelaTuneDumpTest, NarrowsToOneProfileOrTuning) {
-    ToolRun general = runOvelaTune({"dump", "--profile", "-1"});
-    EXPECT_EQ(general.exitCode, kExitOk);
-    EXPECT_EQ(general.out.rfind("general (profile -1): ", 0), 0u) << general.out;
-    ToolRun speaker = runOvelaTune({"dump", "--tuning", "speaker", "--json"});
-    ASSERT_EQ(speaker.exitCode, kExitOk);
-    nlohmann::json document = nlohmann::json::parse(speaker.out);
-    EXPECT_EQ(document["profiles"].size(), 0u);
-    ASSERT_EQ(document["tunings"].size(), 1u);
-    EXPECT_EQ(document["tunings"][0]["name"], "speaker");
-
-    EXPECT_EQ(runOvelaTune({"dump", "--tuning", "nowhere"}).exitCode, kExitUsage);
-    EXPECT_EQ(runOvelaTune({"dump", "--profile", "10"}).exitCode, kExitUsage);
-    EXPECT_EQ(runOvelaTune({"dump", dataFile("no-such-file.xml")}).exitCode, kExitDoesNotLoad);
-}
-
-TEST(OvelaTuneTest, UsageErrorsExitWithTwoAndHelpWithZero) {
+TEST(OvelaTuneTest, CommandLineAsPeopleExpectIt) {
     EXPECT_EQ(runOvelaTune({}).exitCode, kExitUsage);
     EXPECT_EQ(runOvelaTune({"frobnicate"}).exitCode, kExitUsage);
     EXPECT_EQ(runOvelaTune({"dump", "--bogus"}).exitCode, kExitUsage);
     EXPECT_EQ(runOvelaTune({"dump", "a.xml", "b.xml"}).exitCode, kExitUsage);
     EXPECT_EQ(runOvelaTune({"apply"}).exitCode, kExitUsage);
+    EXPECT_EQ(runOvelaTune({"apply", "--profile", "10"}).exitCode, kExitUsage);
     EXPECT_EQ(runOvelaTune({"apply", "--profile", "0", "--tuning", "x"}).exitCode, kExitUsage);
     EXPECT_EQ(runOvelaTune({"check", "--format=xml"}).exitCode, kExitUsage);
-    for (const char* command : {"dump", "tunings", "apply", "check"}) {
-        ToolRun help = runOvelaTune({command, "--help"});
-        EXPECT_EQ(help.exitCode, kExitOk) << command;
-        EXPECT_EQ(help.out.rfind(std::string("usage: ovela-tune ") + command, 0), 0u) << help.out;
+    for (const char* command : {"dump", "diff", "tunings", "apply", "check", "schema"}) {
+        for (const char* help : {"--help", "-h"}) {
+            ToolRun run = runOvelaTune({command, help});
+            EXPECT_EQ(run.exitCode, kExitOk) << command;
+            EXPECT_EQ(run.out.rfind(std::string("usage: ovela-tune ") + command, 0), 0u) << run.out;
+        }
     }
-    EXPECT_EQ(runOvelaTune({"--help"}).exitCode, kExitOk);
+    EXPECT_EQ(runOvelaTune({"-h"}).exitCode, kExitOk);
+    EXPECT_EQ(runOvelaTune({"--version"}).out, std::string("ovela-tune ") + OVELA_VERSION + "\n");
+
+    // After "--" a word that looks like an option is a file name.
+    ToolRun dashed = runOvelaTune({"dump", "--", "--json"});
+    EXPECT_EQ(dashed.exitCode, kExitDoesNotLoad);
+    EXPECT_EQ(dashed.err, "ovela-tune dump: --json: no such file\n");
+}
+
+// Every command that reads a file says the same of one it cannot read, and
+// the library's log lines stay out of its output unless --verbose asks.
+TEST(OvelaTuneTest, AFileThatCannotBeReadIsNamedPlainly) {
+    const std::string missing = dataFile("no-such-file.xml");
+    const std::string directory = dataFile("");
+    for (const char* command : {"dump", "tunings", "apply", "diff"}) {
+        SCOPED_TRACE(command);
+        std::vector<std::string> arguments = {command, missing};
+        if (std::string(command) == "apply") {
+            arguments.push_back("--profile=0");
+        }
+        if (std::string(command) == "diff") {
+            arguments.insert(arguments.begin() + 1, sampleFile());
+        }
+        ToolRun run = runOvelaTune(arguments);
+        EXPECT_EQ(run.exitCode, std::string(command) == "diff" ? kExitUsage : kExitDoesNotLoad);
+        EXPECT_EQ(run.err,
+                  "ovela-tune " + std::string(command) + ": " + missing + ": no such file\n");
+        arguments[arguments.size() - (std::string(command) == "apply" ? 2 : 1)] = directory;
+        EXPECT_NE(runOvelaTune(arguments).err.find(": a directory, not a file\n"),
+                  std::string::npos);
+    }
+
+    testing::LogCapture log;
+    runOvelaTune({"dump", missing});
+    EXPECT_TRUE(log.lines().empty());
+    runOvelaTune({"--verbose", "dump", missing});
+    EXPECT_FALSE(log.messages("OvlProfileParamArray", ANDROID_LOG_ERROR).empty());
 }
 
 TEST(OvelaTuneTest, TuningsListsEachEndpoint) {
@@ -231,6 +129,39 @@ TEST(OvelaTuneTest, ApplyPrintsTheCallsTheEffectReceives) {
         {"apply", file.path(), "--profile", "4", "--endpoint", "usb", "--tuning", "missing"});
     EXPECT_EQ(unknown.exitCode, kExitFindings);
     EXPECT_NE(unknown.out.find("setEndpointTuning(usb, missing) = -22\n"), std::string::npos);
+}
+
+// The cache sends nothing for the default tuning: the general array carried
+// it, and apply shows what it carried for the endpoint. (The process store
+// keeps the tunings of earlier loads: no other test gives aux_digital one.)
+TEST(OvelaTuneTest, ApplyShowsTheDefaultTuningWhereAnEndpointTakesIt) {
+    TempFile file(R"(<tuning_file>
+    <profile id="1" name="movie">
+        <settings>
+            <endpoint_type id="aux_digital">
+                <volmax-boost value="2"/>
+            </endpoint_type>
+        </settings>
+        <include preset="off"/>
+    </profile>
+    <tuning name="default" endpoint_type="other">
+        <data>
+            <bass-enhancer-boost value="3"/>
+        </data>
+    </tuning>
+</tuning_file>
+)");
+    ToolRun run = runOvelaTune({"apply", file.path(), "--profile", "1", "--endpoint", "aux_digital",
+                                "--tuning", "default"});
+    EXPECT_EQ(run.exitCode, kExitOk) << run.err;
+    const std::string tail =
+        "setEndpointTuning(aux_digital, default) = 0\n"
+        "# aux_digital takes the default tuning; setProfile(-1) sent its 1 entries with the "
+        "general "
+        "array:\n"
+        "#   beb bass-enhancer-boost: 3\n";
+    ASSERT_GE(run.out.size(), tail.size());
+    EXPECT_EQ(run.out.substr(run.out.size() - tail.size()), tail);
 }
 
 // A file with one warning and no error: a setting that reads as 0.
@@ -302,10 +233,8 @@ TEST(OvelaTuneCheckTest, ReadmeListsEveryRule) {
     ToolRun run = runOvelaTune({"check", "--rules"});
     ASSERT_EQ(run.exitCode, kExitOk);
     EXPECT_EQ(linesOf(run.out).size(), kLoadRuleCount + 2);
-    std::ifstream readme(std::string(OVELA_SOURCE_DIR) + "/README.md");
-    const std::string text((std::istreambuf_iterator<char>(readme)),
-                           std::istreambuf_iterator<char>());
-    EXPECT_NE(text.find(run.out), std::string::npos) << run.out;
+    EXPECT_NE(fileText(std::string(OVELA_SOURCE_DIR) + "/README.md").find(run.out), std::string::npos)
+        << run.out;
 }
 
 }  // namespace

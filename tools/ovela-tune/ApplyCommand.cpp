@@ -1,11 +1,12 @@
-#include <android/log.h>
-#include <libxml/xmlerror.h>
+#include <ovela/AudioDevices.h>
 #include <ovela/IEffectKyr.h>
 #include <ovela/ProfileParamCache.h>
 
 #include "Commands.h"
+#include "FileContents.h"
 #include "LoadedFile.h"
-#include "PackedArrays.h"
+#include "StoreArrays.h"
+#include "TuningFileVocabulary.h"
 
 namespace ovela::tune {
 
@@ -34,20 +35,22 @@ class PrintingEffect : public IEffectKyr {
     std::ostream& mOut;
 };
 
-void ignoreXmlError(void*, const char*, ...) {}
-
-// The cache reaches the store through the process-wide instance, which loads
-// the device's default file on first use: that file is not on a host, so its
-// failure is kept out of the tool's output before FILE is loaded instead.
-ProfileParamArray& storeWith(LoadedFile& file) {
-    int previous = __android_log_get_minimum_priority();
-    __android_log_set_minimum_priority(ANDROID_LOG_SILENT);
-    xmlSetGenericErrorFunc(nullptr, ignoreXmlError);
-    ProfileParamArray& store = ProfileParamArray::getInstance();
-    xmlSetGenericErrorFunc(nullptr, nullptr);
-    __android_log_set_minimum_priority(previous);
-    store.loadXMLFile(file.path, &file.report);
-    return store;
+// Where the endpoint takes the default tuning, the cache sends nothing for
+// it: the general array carried its entries, so they are shown from there.
+void printDefaultTuning(const FileContents& contents, Endpoint endpoint, std::ostream& out) {
+    const int32_t device = deviceForEndpoint(endpoint);
+    std::vector<NamedEntry> entries;
+    for (const NamedEntry& entry : sortedEntries(contents.defaultTuning)) {
+        if (entry.device == device) {
+            entries.push_back(entry);
+        }
+    }
+    out << "# " << kEndpointNames[endpoint] << " takes the default tuning; setProfile(-1) sent its "
+        << entries.size() << " entries with the general array:\n";
+    for (const NamedEntry& entry : entries) {
+        out << "#   " << kyrCodeText(entry.code) << " " << namesText(entry) << ": "
+            << valuesText(entry.values) << "\n";
+    }
 }
 
 }  // namespace
@@ -58,8 +61,11 @@ int runApply(const CommandLine& line, std::ostream& out, std::ostream& err) {
         return kExitUsage;
     }
     int profile = 0;
-    if (!line.has("profile") || !parseInt(line.value("profile"), &profile)) {
+    if (!line.has("profile")) {
         err << "ovela-tune apply: --profile N is required\n";
+        return kExitUsage;
+    }
+    if (!parseProfileOption(line, "apply", &profile, err)) {
         return kExitUsage;
     }
     if (line.has("endpoint") != line.has("tuning")) {
@@ -72,12 +78,12 @@ int runApply(const CommandLine& line, std::ostream& out, std::ostream& err) {
         return kExitUsage;
     }
 
-    LoadedFile file;
-    file.path = path;
-    storeWith(file);
-    if (!file.loads()) {
-        return doesNotLoad("apply", file, err);
+    const std::unique_ptr<LoadedFile> file = loadFile(path);
+    if (!file->loads()) {
+        return doesNotLoad("apply", *file, err);
     }
+    // The cache reaches the store through the process-wide instance.
+    ProfileParamArray::getInstance().loadXMLFile(path);
     PrintingEffect effect(out);
     ProfileParamCache cache;
     int result = cache.setProfile(profile, &effect);
@@ -87,6 +93,9 @@ int runApply(const CommandLine& line, std::ostream& out, std::ostream& err) {
         out << "setEndpointTuning(" << kEndpointNames[endpoint] << ", " << line.value("tuning")
             << ") = " << tuningResult << "\n";
         result = result != 0 ? result : tuningResult;
+        if (tuningResult == 0 && line.value("tuning") == kDefaultTuningName) {
+            printDefaultTuning(describe(*file), endpoint, out);
+        }
     }
     return result == 0 ? kExitOk : kExitFindings;
 }

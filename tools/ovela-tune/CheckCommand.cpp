@@ -95,10 +95,7 @@ int runCheck(const CommandLine& line, std::ostream& out, std::ostream& err) {
         err << "ovela-tune check: --format takes text or json\n";
         return kExitUsage;
     }
-    std::vector<std::string> paths;
-    if (!tuningFileArguments(line, &paths, err)) {
-        return kExitUsage;
-    }
+    const std::vector<std::string> paths = tuningFileArguments(line);
     std::vector<CheckedFile> files;
     int status = kExitOk;
     for (const std::string& path : paths) {

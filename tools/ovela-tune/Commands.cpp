@@ -1,19 +1,26 @@
 #include "Commands.h"
 
+#include <android/log.h>
+#include <libxml/xmlerror.h>
+
+#include <algorithm>
+
 namespace ovela::tune {
 
 namespace {
 
-const OptionSpec kHelp{"help", nullptr, "show this help"};
+const OptionSpec kHelp{"help", nullptr, "show this help (also -h)"};
 
 void printUsage(std::ostream& out) {
-    out << "usage: ovela-tune COMMAND [ARGS] [--help]\n\n"
+    out << "usage: ovela-tune [--verbose] COMMAND [OPTIONS] [--] [FILE...]\n"
+           "       ovela-tune --help | --version\n\n"
            "Shows what an audio effect receives from a tuning file.\n\ncommands:\n";
     for (const Command& command : commands()) {
         out << "  " << command.name << std::string(10 - std::string(command.name).size(), ' ')
             << command.summary << "\n";
     }
-    out << "\nWithout FILE, commands read the sample " << OVELA_SAMPLE_TUNING_FILE << ".\n";
+    out << "\nWithout FILE, commands read the sample " << OVELA_SAMPLE_TUNING_FILE
+        << ".\n--verbose shows the library's log lines on standard error.\n";
 }
 
 void printCommandHelp(const Command& command, std::ostream& out) {
@@ -29,18 +36,45 @@ void printCommandHelp(const Command& command, std::ostream& out) {
     }
 }
 
+void ignoreXmlMessage(void*, const char*, ...) {}
+
+// Keeps the library's log lines and libxml2's messages out of the tool's
+// output while a command runs, or lets them go to standard error.
+class Diagnostics {
+  public:
+    explicit Diagnostics(bool verbose) : mPreviousPriority(__android_log_get_minimum_priority()) {
+        __android_log_set_minimum_priority(verbose ? ANDROID_LOG_DEBUG : ANDROID_LOG_SILENT);
+        if (!verbose) {
+            xmlSetGenericErrorFunc(nullptr, ignoreXmlMessage);
+        }
+    }
+    ~Diagnostics() {
+        __android_log_set_minimum_priority(mPreviousPriority);
+        xmlSetGenericErrorFunc(nullptr, nullptr);
+    }
+
+  private:
+    int mPreviousPriority;
+};
+
 }  // namespace
 
 const std::vector<Command>& commands() {
     static const std::vector<Command> kCommands = {
         {"dump",
-         "[FILE] [--json] [--profile N] [--tuning NAME]",
-         "print every packed array that the store builds from FILE",
+         "[FILE] [--json] [--raw] [--profile N] [--tuning NAME]",
+         "print what the effect receives from FILE, by name",
          {{"json", nullptr, "print one JSON document"},
+          {"raw", nullptr, "keep each array's own order, with the tunings' ordinals"},
           {"profile", "N", "only profile N (0 to 9, -1 for the general array)"},
-          {"tuning", "NAME", "only the tuning NAME"},
+          {"tuning", "NAME", "only the tuning NAME (default: the default tuning's entries)"},
           kHelp},
          runDump},
+        {"diff",
+         "FILE_A FILE_B [--json]",
+         "print what the effect receives differently from FILE_B than from FILE_A",
+         {{"json", nullptr, "print one JSON document"}, kHelp},
+         runDiff},
         {"tunings", "[FILE]", "list the tunings that each endpoint can select", {kHelp}, runTunings},
         {"apply",
          "[FILE] --profile N [--endpoint E --tuning NAME]",
@@ -57,26 +91,38 @@ const std::vector<Command>& commands() {
           {"rules", nullptr, "list every rule with its level and an example"},
           kHelp},
          runCheck},
+        {"schema", "", "print the XML schema of the tuning file", {kHelp}, runSchema},
     };
     return kCommands;
 }
 
 int runTool(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
-    if (arguments.empty()) {
+    // Options of the tool itself come before the command.
+    std::vector<std::string> words = arguments;
+    bool verbose = false;
+    while (!words.empty() && words.front() == "--verbose") {
+        verbose = true;
+        words.erase(words.begin());
+    }
+    if (words.empty()) {
         printUsage(err);
         return kExitUsage;
     }
-    if (arguments[0] == "--help" || arguments[0] == "help") {
+    if (words[0] == "--help" || words[0] == "-h" || words[0] == "help") {
         printUsage(out);
         return kExitOk;
     }
+    if (words[0] == "--version") {
+        out << "ovela-tune " << OVELA_VERSION << "\n";
+        return kExitOk;
+    }
     for (const Command& command : commands()) {
-        if (arguments[0] != command.name) {
+        if (words[0] != command.name) {
             continue;
         }
         std::string error;
-        std::vector<std::string> words(arguments.begin() + 1, arguments.end());
-        auto line = CommandLine::parse(words, command.options, &error);
+        std::vector<std::string> rest(words.begin() + 1, words.end());
+        auto line = CommandLine::parse(rest, command.options, &error);
         if (!line) {
             err << "ovela-tune " << command.name << ": " << error << "\n";
             printCommandHelp(command, err);
@@ -86,9 +132,10 @@ int runTool(const std::vector<std::string>& arguments, std::ostream& out, std::o
             printCommandHelp(command, out);
             return kExitOk;
         }
+        Diagnostics diagnostics(verbose);
         return command.run(*line, out, err);
     }
-    err << "ovela-tune: unknown command " << arguments[0] << "\n";
+    err << "ovela-tune: unknown command " << words[0] << "\n";
     printUsage(err);
     return kExitUsage;
 }
@@ -102,10 +149,19 @@ bool tuningFileArgument(const CommandLine& line, std::string* path, std::ostream
     return true;
 }
 
-bool tuningFileArguments(const CommandLine& line, std::vector<std::string>* paths, std::ostream&) {
-    *paths = line.positional();
-    if (paths->empty()) {
-        paths->push_back(OVELA_SAMPLE_TUNING_FILE);
+std::vector<std::string> tuningFileArguments(const CommandLine& line) {
+    std::vector<std::string> paths = line.positional();
+    if (paths.empty()) {
+        paths.push_back(OVELA_SAMPLE_TUNING_FILE);
+    }
+    return paths;
+}
+
+bool parseProfileOption(const CommandLine& line, const char* command, int* profile,
+                        std::ostream& err) {
+    if (!parseInt(line.value("profile"), profile) || *profile < -1 || *profile > 9) {
+        err << "ovela-tune " << command << ": --profile takes a number from -1 to 9\n";
+        return false;
     }
     return true;
 }

@@ -1,8 +1,6 @@
 #ifndef OVELA_TUNE_COMMANDS_H
 #define OVELA_TUNE_COMMANDS_H
 
-#include <ovela/ProfileParamArray.h>
-
 #include <optional>
 #include <ostream>
 #include <string>
@@ -11,6 +9,8 @@
 #include "CommandLine.h"
 
 namespace ovela::tune {
+
+struct FileContents;
 
 // One command of the tool: its name, its help and what it runs. A command
 // writes its results to `out` and its complaints to `err`, and returns an exit
@@ -26,6 +26,8 @@ struct Command {
 const std::vector<Command>& commands();
 
 // Runs the tool on its arguments (without the program name), as main does.
+// The library's log lines and libxml2's messages stay out of the output
+// unless --verbose is given; then they go to standard error.
 int runTool(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err);
 
 // The tuning file a command reads: its one positional argument, or the
@@ -33,23 +35,28 @@ int runTool(const std::vector<std::string>& arguments, std::ostream& out, std::o
 bool tuningFileArgument(const CommandLine& line, std::string* path, std::ostream& err);
 // The tuning files of a command that reads several: its positional
 // arguments, or the sample.
-bool tuningFileArguments(const CommandLine& line, std::vector<std::string>* paths,
-                         std::ostream& err);
+std::vector<std::string> tuningFileArguments(const CommandLine& line);
+
+// The value of --profile: -1 (the general array) to 9; complains otherwise.
+bool parseProfileOption(const CommandLine& line, const char* command, int* profile,
+                        std::ostream& err);
 
 struct DumpSelection {
-    std::string path;  // the file the store was loaded from, as the JSON names it
     bool json = false;
+    bool raw = false;                   // entries in the arrays' own order, with ordinals
     std::optional<int> profile;         // only this profile
     std::optional<std::string> tuning;  // only this tuning
 };
 
-// Prints the arrays of `store` that `selection` names, all of them by default.
-void dumpStore(ProfileParamArray& store, const DumpSelection& selection, std::ostream& out);
+// Prints what `contents` holds, all of it by default.
+void dumpFile(const FileContents& contents, const DumpSelection& selection, std::ostream& out);
 
 int runDump(const CommandLine& line, std::ostream& out, std::ostream& err);
 int runTunings(const CommandLine& line, std::ostream& out, std::ostream& err);
 int runApply(const CommandLine& line, std::ostream& out, std::ostream& err);
 int runCheck(const CommandLine& line, std::ostream& out, std::ostream& err);
+int runDiff(const CommandLine& line, std::ostream& out, std::ostream& err);
+int runSchema(const CommandLine& line, std::ostream& out, std::ostream& err);
 
 }  // namespace ovela::tune
 

@@ -1,124 +1,201 @@
 #include <iomanip>
+#include <map>
 #include <nlohmann/json.hpp>
+#include <set>
+#include <sstream>
 
 #include "Commands.h"
+#include "FileContents.h"
 #include "LoadedFile.h"
-#include "PackedArrays.h"
+#include "StoreArrays.h"
+#include "TuningFileVocabulary.h"
 
 namespace ovela::tune {
 
 namespace {
 
-constexpr int kFirstProfile = 0;
-constexpr int kLastProfile = 9;
-constexpr int kGeneralProfile = -1;
-
-struct NamedArray {
-    std::string kind;  // "profile", "general" or "tuning"
-    std::string name;  // the tuning's name; empty otherwise
-    PackedArray array;
-};
-
-nlohmann::json entriesToJson(const PackedArray& array) {
-    nlohmann::json entries = nlohmann::json::array();
-    for (const PackedEntry& entry : array.entries) {
-        entries.push_back({{"device", deviceName(entry.device)},
-                           {"code", kyrCodeText(entry.code)},
-                           {"count", entry.values.size()},
-                           {"values", entry.values}});
-    }
-    return entries;
+bool everything(const DumpSelection& selection) {
+    return !selection.profile && !selection.tuning;
 }
 
-void printJson(const std::string& path, const std::vector<NamedArray>& arrays, std::ostream& out) {
-    nlohmann::json document = {
-        {"file", path}, {"profiles", nlohmann::json::array()}, {"tunings", nlohmann::json::array()}};
-    for (const NamedArray& named : arrays) {
-        nlohmann::json item = {{"size", named.array.size}, {"entries", entriesToJson(named.array)}};
-        if (named.kind == "tuning") {
-            item["name"] = named.name;
-            item["ordinal"] = named.array.header;
-            document["tunings"].push_back(item);
-        } else if (named.kind == "general") {
-            document["general"] = item;
-        } else {
-            item["profile"] = named.array.header;
-            document["profiles"].push_back(item);
+// The default tuning has no array of its own: its entries ride in the general
+// array, so it is shown apart from the arrays.
+bool defaultTuningWanted(const DumpSelection& selection) {
+    return everything(selection) || (selection.tuning && *selection.tuning == kDefaultTuningName);
+}
+
+bool wanted(const NamedArray& array, const DumpSelection& selection) {
+    if (everything(selection)) {
+        return true;
+    }
+    if (array.kind == ArrayKind::TUNING) {
+        return selection.tuning && *selection.tuning == array.name;
+    }
+    return selection.profile && *selection.profile == array.header;
+}
+
+// The entries as the selection prints them: in the array's order for --raw,
+// else in an order that the order of the file does not change.
+std::vector<NamedEntry> ordered(const std::vector<NamedEntry>& entries, bool raw) {
+    return raw ? entries : sortedEntries(entries);
+}
+
+std::vector<std::string> endpointNames(const std::vector<Endpoint>& endpoints) {
+    std::vector<std::string> names;
+    for (Endpoint endpoint : endpoints) {
+        names.push_back(kEndpointNames[endpoint]);
+    }
+    return names;
+}
+
+void printEntries(const std::vector<NamedEntry>& entries, bool raw, std::ostream& out) {
+    // Entries of one device and code are told apart by where they came from.
+    std::map<std::pair<int32_t, KyrParameterId>, std::set<std::string>> origins;
+    for (const NamedEntry& entry : entries) {
+        origins[{entry.device, entry.code}].insert(entry.origin);
+    }
+    for (const NamedEntry& entry : ordered(entries, raw)) {
+        out << "  " << std::left << std::setw(14) << deviceName(entry.device) << std::setw(5)
+            << kyrCodeText(entry.code) << " " << std::setw(40) << namesText(entry) << std::right
+            << std::setw(4) << entry.values.size() << ": " << valuesText(entry.values);
+        if (origins[{entry.device, entry.code}].size() > 1) {
+            out << "  [" << entry.origin << "]";
         }
+        out << "\n";
+    }
+}
+
+std::string heading(const NamedArray& array, bool raw) {
+    std::string text = array.title();
+    if (array.kind == ArrayKind::GENERAL) {
+        text += " (profile " + std::to_string(array.header) + ")";
+    }
+    if (array.kind == ArrayKind::TUNING) {
+        text += std::string(" for ") + kEndpointNames[array.endpoint];
+        if (raw) {
+            text += " (ordinal " + std::to_string(array.header) + ")";
+        }
+    }
+    for (size_t i = 0; i < array.profileNames.size(); ++i) {
+        text += " \"" + array.profileNames[i] + "\", IEQ preset " + array.ieqPresets[i];
+    }
+    return text + ": " + std::to_string(array.entries.size()) + " entries, " +
+           std::to_string(array.size) + " bytes\n";
+}
+
+void printText(const FileContents& contents, const DumpSelection& selection, std::ostream& out) {
+    out << "file: " << contents.path << "\n";
+    if (everything(selection)) {
+        out << "endpoints (the tuning a cache starts with; those it can select):\n";
+        for (const EndpointTuning& endpoint : contents.endpoints) {
+            out << "  " << std::left << std::setw(14) << kEndpointNames[endpoint.endpoint]
+                << std::setw(14) << endpoint.recorded << std::right
+                << "selects: " << joined(endpoint.available) << "\n";
+        }
+    }
+    for (const NamedArray& array : contents.arrays) {
+        if (wanted(array, selection)) {
+            out << heading(array, selection.raw);
+            printEntries(array.entries, selection.raw, out);
+        }
+    }
+    if (defaultTuningWanted(selection) &&
+        (!everything(selection) || !contents.defaultServes.empty())) {
+        out << "tuning default, sent with the general array for "
+            << (contents.defaultServes.empty() ? "no endpoint"
+                                               : joined(endpointNames(contents.defaultServes)))
+            << ": " << contents.defaultTuning.size() << " entries";
+        if (everything(selection)) {
+            // They are listed above, in the general array.
+            out << " (dump --tuning default lists them)\n";
+            return;
+        }
+        out << "\n";
+        printEntries(contents.defaultTuning, selection.raw, out);
+    }
+}
+
+nlohmann::json entriesToJson(const std::vector<NamedEntry>& entries, bool raw) {
+    nlohmann::json list = nlohmann::json::array();
+    for (const NamedEntry& entry : ordered(entries, raw)) {
+        nlohmann::json item = {{"device", deviceName(entry.device)},
+                               {"code", kyrCodeText(entry.code)},
+                               {"names", entry.names},
+                               {"count", entry.values.size()},
+                               {"values", entry.values},
+                               {"from", entry.origin}};
+        if (raw) {
+            item["line"] = entry.line;
+        }
+        list.push_back(item);
+    }
+    return list;
+}
+
+void printJson(const FileContents& contents, const DumpSelection& selection, std::ostream& out) {
+    nlohmann::json document = {{"file", contents.path},
+                               {"endpoints", nlohmann::json::array()},
+                               {"profiles", nlohmann::json::array()},
+                               {"tunings", nlohmann::json::array()}};
+    for (const EndpointTuning& endpoint : contents.endpoints) {
+        document["endpoints"].push_back({{"endpoint", kEndpointNames[endpoint.endpoint]},
+                                         {"tuning", endpoint.recorded},
+                                         {"selects", endpoint.available}});
+    }
+    for (const NamedArray& array : contents.arrays) {
+        if (!wanted(array, selection)) {
+            continue;
+        }
+        nlohmann::json item = {{"size", array.size},
+                               {"entries", entriesToJson(array.entries, selection.raw)}};
+        if (selection.raw) {
+            item["header"] = array.header;
+        }
+        switch (array.kind) {
+            case ArrayKind::GENERAL:
+                document["general"] = item;
+                break;
+            case ArrayKind::PROFILE:
+                item["profile"] = array.header;
+                item["names"] = array.profileNames;
+                item["ieqPresets"] = array.ieqPresets;
+                document["profiles"].push_back(item);
+                break;
+            case ArrayKind::TUNING:
+                item["name"] = array.name;
+                item["endpoint"] = kEndpointNames[array.endpoint];
+                document["tunings"].push_back(item);
+                break;
+        }
+    }
+    if (defaultTuningWanted(selection)) {
+        document["default"] = {{"serves", endpointNames(contents.defaultServes)},
+                               {"entries", entriesToJson(contents.defaultTuning, selection.raw)}};
     }
     out << document.dump(2) << "\n";
 }
 
-void printText(const std::vector<NamedArray>& arrays, std::ostream& out) {
-    for (const NamedArray& named : arrays) {
-        const PackedArray& array = named.array;
-        if (named.kind == "tuning") {
-            out << "tuning " << named.name << " (ordinal " << array.header << ")";
-        } else if (named.kind == "general") {
-            out << "general (profile -1)";
-        } else {
-            out << "profile " << array.header;
-        }
-        out << ": " << array.entries.size() << " entries, " << array.size << " bytes\n";
-        for (const PackedEntry& entry : array.entries) {
-            out << "  " << std::left << std::setw(14) << deviceName(entry.device) << std::setw(5)
-                << kyrCodeText(entry.code) << std::right << std::setw(4) << entry.values.size()
-                << ":";
-            for (int32_t value : entry.values) {
-                out << " " << value;
-            }
-            out << "\n";
-        }
-    }
-}
-
 }  // namespace
 
-void dumpStore(ProfileParamArray& store, const DumpSelection& selection, std::ostream& out) {
-    std::vector<NamedArray> arrays;
-    auto addProfile = [&](int profile) {
-        if (auto array = profileArray(store, profile)) {
-            arrays.push_back({profile == kGeneralProfile ? "general" : "profile", "", *array});
-        }
-    };
-    auto addTuning = [&](const std::string& name) {
-        if (auto array = tuningArray(store, name)) {
-            arrays.push_back({"tuning", name, *array});
-        }
-    };
-    if (!selection.profile && !selection.tuning) {
-        for (int profile = kFirstProfile; profile <= kLastProfile; ++profile) {
-            addProfile(profile);
-        }
-        addProfile(kGeneralProfile);
-        for (const std::string& name : allTunings(store)) {
-            addTuning(name);
-        }
-    }
-    if (selection.profile) {
-        addProfile(*selection.profile);
-    }
-    if (selection.tuning) {
-        addTuning(*selection.tuning);
-    }
+void dumpFile(const FileContents& contents, const DumpSelection& selection, std::ostream& out) {
     if (selection.json) {
-        printJson(selection.path, arrays, out);
+        printJson(contents, selection, out);
     } else {
-        printText(arrays, out);
+        printText(contents, selection, out);
     }
 }
 
 int runDump(const CommandLine& line, std::ostream& out, std::ostream& err) {
     DumpSelection selection;
-    if (!tuningFileArgument(line, &selection.path, err)) {
+    std::string path;
+    if (!tuningFileArgument(line, &path, err)) {
         return kExitUsage;
     }
     selection.json = line.has("json");
+    selection.raw = line.has("raw");
     if (line.has("profile")) {
         int profile = 0;
-        if (!parseInt(line.value("profile"), &profile) || profile < kGeneralProfile ||
-            profile > kLastProfile) {
-            err << "ovela-tune dump: --profile takes a number from -1 to 9\n";
+        if (!parseProfileOption(line, "dump", &profile, err)) {
             return kExitUsage;
         }
         selection.profile = profile;
@@ -127,16 +204,17 @@ int runDump(const CommandLine& line, std::ostream& out, std::ostream& err) {
         selection.tuning = line.value("tuning");
     }
 
-    const std::unique_ptr<LoadedFile> file = loadFile(selection.path);
+    const std::unique_ptr<LoadedFile> file = loadFile(path);
     if (!file->loads()) {
         return doesNotLoad("dump", *file, err);
     }
-    if (selection.tuning && file->store->getTuningParamsSize(*selection.tuning) == 0) {
-        err << "ovela-tune dump: " << selection.path << " has no tuning " << *selection.tuning
-            << "\n";
+    const FileContents contents = describe(*file);
+    if (selection.tuning && *selection.tuning != kDefaultTuningName &&
+        file->store->getTuningParamsSize(*selection.tuning) == 0) {
+        err << "ovela-tune dump: " << path << " has no tuning " << *selection.tuning << "\n";
         return kExitUsage;
     }
-    dumpStore(*file->store, selection, out);
+    dumpFile(contents, selection, out);
     return kExitOk;
 }
 

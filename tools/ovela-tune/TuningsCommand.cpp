@@ -1,6 +1,6 @@
 #include "Commands.h"
 #include "LoadedFile.h"
-#include "PackedArrays.h"
+#include "StoreArrays.h"
 
 namespace ovela::tune {
 
@@ -15,12 +15,8 @@ int runTunings(const CommandLine& line, std::ostream& out, std::ostream& err) {
     }
     ProfileParamArray& store = *file->store;
     for (size_t endpoint = 0; endpoint < kNumEndpoints; ++endpoint) {
-        std::vector<std::string> names = availableTunings(store, static_cast<Endpoint>(endpoint));
         out << kEndpointNames[endpoint] << ":";
-        if (names.empty()) {
-            out << " default";
-        }
-        for (const std::string& name : names) {
+        for (const std::string& name : availableTunings(store, static_cast<Endpoint>(endpoint))) {
             out << " " << name;
         }
         out << "\n";

@@ -1,4 +1,4 @@
-#include "PackedArrays.h"
+#include "StoreArrays.h"
 
 #include <ovela/AudioDevices.h>
 #include <ovela/ProfileParamParser.h>
@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <sstream>
+
+#include "TuningFileVocabulary.h"
 
 namespace ovela::tune {
 
@@ -44,14 +46,8 @@ std::vector<std::string> availableTunings(ProfileParamArray& store, Endpoint end
     // One more zeroed byte: the "default" answer comes without a terminator.
     std::vector<char> buffer(length + 1, '\0');
     store.getAvailableTuningDevices(endpoint, buffer.data(), static_cast<int>(length));
-    std::string list(buffer.data());
-    // A store never keeps an array under "default": that tuning serves, inside
-    // the general array, every endpoint without a tuning of its own.
-    if (list == "default") {
-        return {};
-    }
     std::vector<std::string> names;
-    std::istringstream words(list);
+    std::istringstream words(buffer.data());
     for (std::string name; std::getline(words, name, ' ');) {
         names.push_back(name);
     }
@@ -62,7 +58,11 @@ std::vector<std::string> allTunings(ProfileParamArray& store) {
     std::vector<std::string> names;
     for (size_t endpoint = 0; endpoint < kNumEndpoints; ++endpoint) {
         for (const std::string& name : availableTunings(store, static_cast<Endpoint>(endpoint))) {
-            if (std::find(names.begin(), names.end(), name) == names.end()) {
+            // A store never keeps an array under "default": that tuning
+            // serves, inside the general array, every endpoint without a
+            // tuning of its own.
+            if (name != kDefaultTuningName &&
+                std::find(names.begin(), names.end(), name) == names.end()) {
                 names.push_back(name);
             }
         }

@@ -1,5 +1,5 @@
-#ifndef OVELA_TUNE_PACKED_ARRAYS_H
-#define OVELA_TUNE_PACKED_ARRAYS_H
+#ifndef OVELA_TUNE_STORE_ARRAYS_H
+#define OVELA_TUNE_STORE_ARRAYS_H
 
 #include <ovela/Endpoint.h>
 #include <ovela/KyrParameterId.h>
@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+// What a store hands out, read through its queries and decoded.
 namespace ovela::tune {
 
 struct PackedEntry {
@@ -31,11 +32,12 @@ std::optional<PackedArray> decodePackedArray(std::vector<uint8_t> bytes);
 std::optional<PackedArray> profileArray(ProfileParamArray& store, int profile);
 std::optional<PackedArray> tuningArray(ProfileParamArray& store, const std::string& tuning);
 
-// The tunings that `endpoint` can select, as the store lists them; empty when
-// the store offers only the default tuning.
+// The tunings that `endpoint` can select, as the store lists them: "default"
+// alone for an endpoint without tunings of its own.
 std::vector<std::string> availableTunings(ProfileParamArray& store, Endpoint endpoint);
 
-// Every tuning of the store, each once, by endpoint and then as listed.
+// Every tuning that the store keeps an array for, each once, by endpoint and
+// then as listed.
 std::vector<std::string> allTunings(ProfileParamArray& store);
 
 // "all" for the every-device word, an endpoint's name for its device bits,
@@ -49,4 +51,4 @@ std::optional<KyrParameterId> codeFromText(const std::string& text);
 
 }  // namespace ovela::tune
 
-#endif  // OVELA_TUNE_PACKED_ARRAYS_H
+#endif  // OVELA_TUNE_STORE_ARRAYS_H

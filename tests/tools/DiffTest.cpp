@@ -1,0 +1,144 @@
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "TempFile.h"
+#include "ToolRun.h"
+#include "TuningFileCorpus.h"
+
+namespace ovela::tune {
+namespace {
+
+using ovela::testing::fileText;
+using ovela::testing::sampleFile;
+using ovela::testing::TempFile;
+
+constexpr char kBefore[] = R"(<tuning_file>
+    <preset type="ieq" id="ieq_warm">
+        <ieq>
+            <bands>
+                <band_ieq frequency="100" target="5"/>
+            </bands>
+        </ieq>
+    </preset>
+    <profile id="2" name="music">
+        <settings>
+            <ieq-amount value="10"/>
+            <endpoint_type id="headphone">
+                <volume-leveler-amount value="7"/>
+            </endpoint_type>
+        </settings>
+        <include preset="ieq_off"/>
+    </profile>
+    <tuning name="speaker" endpoint_type="speaker">
+        <data>
+            <bass-mbdrc-tuning data="1,2,3,4"/>
+        </data>
+    </tuning>
+</tuning_file>
+)";
+
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+    const size_t at = text.find(from);
+    EXPECT_NE(at, std::string::npos) << from;
+    return at == std::string::npos ? text : text.replace(at, from.size(), to);
+}
+
+struct Edit {
+    const char* from;
+    const char* to;
+    const char* differences;
+};
+
+// One edit of each kind, and what diff says of it: the place, by array,
+// device and name, and the values before and after.
+TEST(OvelaTuneDiffTest, SaysWhatTheEffectReceivesDifferently) {
+    const Edit kEdits[] = {
+        {"value=\"7\"", "value=\"6\"",
+         "profile 2 / headphone / volume-leveler-amount (qvla): 7 -> 6\n"},
+        {"1,2,3,4", "1,2,-3,4", "tuning speaker / bass-mbdrc-tuning (bmdt)[2]: 3 -> -3\n"},
+        {"1,2,3,4", "1,2,3", "tuning speaker / bass-mbdrc-tuning (bmdt): 4 values -> 3 values\n"},
+        {"<ieq-amount value=\"10\"/>", "<ieq-amount value=\"10\"/><ieq-enable value=\"0\"/>",
+         "profile 2 / all / ieq-enable (ieon): added 0\n"},
+        {"<ieq-amount value=\"10\"/>", "", "profile 2 / all / ieq-amount (iea): removed 10\n"},
+        {"ieq_off", "ieq_warm", "profile 2 / IEQ preset: off -> warm\n"},
+        {"target=\"5\"", "target=\"6\"", "general / all / iebs[2]: 5 -> 6\n"},
+        {"name=\"speaker\"", "name=\"headphone\"",
+         "tuning speaker: removed 1 entries\n"
+         "tuning headphone: added 1 entries\n"
+         "endpoint speaker / tuning: speaker -> default\n"
+         "endpoint speaker / selects: speaker -> headphone\n"
+         "endpoint headphone / tuning: default -> headphone\n"},
+        {"endpoint_type=\"speaker\"", "endpoint_type=\"headphone\"",
+         "tuning speaker / endpoint: speaker -> headphone\n"
+         "endpoint speaker / selects: speaker -> default\n"
+         "endpoint headphone / selects: default -> speaker\n"},
+    };
+    TempFile before(kBefore);
+    for (const Edit& edit : kEdits) {
+        SCOPED_TRACE(edit.to);
+        TempFile after(replaced(kBefore, edit.from, edit.to));
+        ToolRun run = runOvelaTune({"diff", before.path(), after.path()});
+        EXPECT_EQ(run.exitCode, kExitFindings) << run.err;
+        EXPECT_EQ(run.out, edit.differences);
+    }
+
+    TempFile after(replaced(kBefore, "value=\"7\"", "value=\"6\""));
+    ToolRun json = runOvelaTune({"diff", "--json", before.path(), after.path()});
+    EXPECT_EQ(
+        nlohmann::json::parse(json.out)["differences"][0],
+        nlohmann::json::parse(R"json({"array": "profile 2", "device": "headphone", "code": "qvla",
+                  "what": "volume-leveler-amount (qvla)", "change": "changed", "before": "7",
+                  "after": "6", "text": "profile 2 / headphone / volume-leveler-amount (qvla): 7 -> 6"})json"));
+}
+
+// The sample's top-level sections in the opposite order.
+std::string reversedSections(const std::string& text) {
+    const size_t first = text.find("\n    <");
+    const size_t end = text.rfind("\n</");
+    std::vector<std::string> sections;
+    for (size_t at = first; at < end;) {
+        size_t next = text.find("\n    <", at + 1);
+        while (next < end && text.compare(next, 7, "\n    </") == 0) {
+            next = text.find("\n    <", next + 1);
+        }
+        next = std::min(next, end);
+        sections.push_back(text.substr(at, next - at));
+        at = next;
+    }
+    std::string reversed = text.substr(0, first);
+    for (auto section = sections.rbegin(); section != sections.rend(); ++section) {
+        reversed += *section;
+    }
+    return reversed + text.substr(end);
+}
+
+// Files that mean the same dump alike, whatever their order and encoding,
+// and diff finds nothing between them.
+TEST(OvelaTuneDiffTest, EquivalentFilesDumpAlikeAndDoNotDiffer) {
+    const std::string sample = fileText(sampleFile());
+    const std::string expected = afterFirstLine(runOvelaTune({"dump", sampleFile()}).out);
+    std::vector<testing::CorpusFile> variants = testing::harmlessSampleVariants();
+    variants.push_back({"Reversed", reversedSections(sample)});
+    ASSERT_NE(variants.back().text, sample);
+    for (const testing::CorpusFile& variant : variants) {
+        SCOPED_TRACE(variant.name);
+        TempFile file(variant.text);
+        EXPECT_EQ(afterFirstLine(runOvelaTune({"dump", file.path()}).out), expected);
+        ToolRun diff = runOvelaTune({"diff", sampleFile(), file.path()});
+        EXPECT_EQ(diff.exitCode, kExitOk);
+        EXPECT_EQ(diff.out, "");
+    }
+}
+
+TEST(OvelaTuneDiffTest, TroubleExitsWithTwo) {
+    TempFile broken("<tuning_file><profile>");
+    ToolRun run = runOvelaTune({"diff", sampleFile(), broken.path()});
+    EXPECT_EQ(run.exitCode, kExitUsage);
+    EXPECT_EQ(run.out, "");
+    EXPECT_NE(run.err.find(broken.path() + ":1: not well-formed XML"), std::string::npos) << run.err;
+    EXPECT_EQ(runOvelaTune({"diff", sampleFile()}).exitCode, kExitUsage);
+}
+
+}  // namespace
+}  // namespace ovela::tune
