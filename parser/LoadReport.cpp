@@ -136,6 +136,11 @@ void LoadReport::markSent(const void* entity, Parameter parameter) {
     }
 }
 
+bool LoadReport::isSent(const void* entity, Parameter parameter) const {
+    auto found = mValues.find({entity, parameter});
+    return found != mValues.end() && found->second.sent;
+}
+
 std::string LoadReport::xmlNameOf(const void* entity, Parameter parameter) const {
     auto found = mValues.find({entity, parameter});
     return found == mValues.end() ? kParameterNames[parameter] : found->second.xmlName;

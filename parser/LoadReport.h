@@ -114,6 +114,9 @@ class LoadReport {
     // The store looked at the entity, or at one of its values.
     void markUsed(const void* entity);
     void markSent(const void* entity, Parameter parameter);
+    // Whether the store sent the value of `parameter` of `entity`: false for
+    // a value that no array carries, or that the load did not record.
+    bool isSent(const void* entity, Parameter parameter) const;
     // The name in the file that the value of `parameter` of `entity` came
     // from; the parameter's print name when none was recorded.
     std::string xmlNameOf(const void* entity, Parameter parameter) const;

@@ -10,60 +10,29 @@ namespace ovela::tune {
 
 namespace {
 
-struct CheckedFile {
-    std::string path;
-    bool loads;
-    std::vector<LoadFinding> findings;
-    size_t count(Severity severity) const {
-        return std::count_if(findings.begin(), findings.end(),
-                             [&](const LoadFinding& f) { return f.severity == severity; });
-    }
-};
+using Files = std::vector<std::unique_ptr<LoadedFile>>;
 
-// The real load of the file, with a report: what the effect would receive is
-// what check speaks about.
-CheckedFile checkFile(const std::string& path) {
-    const std::unique_ptr<LoadedFile> loaded = loadFile(path);
-    CheckedFile file{path, loaded->loads(), loaded->report.findings()};
-    // What stops the load comes first; the rest in the order of the file.
-    std::stable_sort(file.findings.begin(), file.findings.end(),
-                     [](const LoadFinding& a, const LoadFinding& b) {
-                         if ((a.severity == Severity::ERROR) != (b.severity == Severity::ERROR)) {
-                             return a.severity == Severity::ERROR;
-                         }
-                         return a.line < b.line;
-                     });
-    return file;
-}
-
-std::string counted(size_t count, const char* what) {
-    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
-
-void printText(const std::vector<CheckedFile>& files, std::ostream& out) {
-    for (const CheckedFile& file : files) {
-        for (const LoadFinding& f : file.findings) {
-            out << file.path << ":" << f.line << ":" << f.column << ": " << severityName(f.severity)
-                << ": " << f.message << " [" << f.rule << "]\n";
+void printText(const Files& files, std::ostream& out) {
+    for (const auto& file : files) {
+        for (const LoadFinding& f : file->findings()) {
+            out << file->path << ":" << f.line << ":" << f.column << ": "
+                << severityName(f.severity) << ": " << f.message << " [" << f.rule << "]\n";
         }
-        out << file.path << ": " << (file.loads ? "loads" : "does not load") << ", "
-            << counted(file.count(Severity::ERROR), "error") << ", "
-            << counted(file.count(Severity::WARNING), "warning") << ", "
-            << counted(file.count(Severity::NOTE), "note") << "\n";
+        out << file->path << ": " << file->summary() << "\n";
     }
 }
 
-void printJson(const std::vector<CheckedFile>& files, std::ostream& out) {
+void printJson(const Files& files, std::ostream& out) {
     nlohmann::json document = {{"files", nlohmann::json::array()},
                                {"findings", nlohmann::json::array()}};
-    for (const CheckedFile& file : files) {
-        document["files"].push_back({{"file", file.path},
-                                     {"loads", file.loads},
-                                     {"errors", file.count(Severity::ERROR)},
-                                     {"warnings", file.count(Severity::WARNING)},
-                                     {"notes", file.count(Severity::NOTE)}});
-        for (const LoadFinding& f : file.findings) {
-            document["findings"].push_back({{"file", file.path},
+    for (const auto& file : files) {
+        document["files"].push_back({{"file", file->path},
+                                     {"loads", file->loads()},
+                                     {"errors", file->count(Severity::ERROR)},
+                                     {"warnings", file->count(Severity::WARNING)},
+                                     {"notes", file->count(Severity::NOTE)}});
+        for (const LoadFinding& f : file->findings()) {
+            document["findings"].push_back({{"file", file->path},
                                             {"line", f.line},
                                             {"column", f.column},
                                             {"severity", severityName(f.severity)},
@@ -95,14 +64,15 @@ int runCheck(const CommandLine& line, std::ostream& out, std::ostream& err) {
         err << "ovela-tune check: --format takes text or json\n";
         return kExitUsage;
     }
-    const std::vector<std::string> paths = tuningFileArguments(line);
-    std::vector<CheckedFile> files;
+    // The real load of each file, with a report: what the effect would
+    // receive is what check speaks about.
+    Files files;
     int status = kExitOk;
-    for (const std::string& path : paths) {
-        files.push_back(checkFile(path));
-        if (!files.back().loads) {
+    for (const std::string& path : tuningFileArguments(line)) {
+        files.push_back(loadFile(path));
+        if (!files.back()->loads()) {
             status = kExitDoesNotLoad;
-        } else if (files.back().count(Severity::WARNING) != 0 && status == kExitOk) {
+        } else if (files.back()->count(Severity::WARNING) != 0 && status == kExitOk) {
             status = kExitFindings;
         }
     }

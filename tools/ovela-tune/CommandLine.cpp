@@ -12,20 +12,25 @@ std::optional<CommandLine> CommandLine::parse(const std::vector<std::string>& wo
     CommandLine line;
     bool optionsEnded = false;
     for (size_t i = 0; i < words.size(); ++i) {
-        const std::string& word = words[i];
+        std::string word = words[i];
         if (!optionsEnded && word == "--") {
             optionsEnded = true;
             continue;
         }
+        if (!optionsEnded && word.size() == 2 && word[0] == '-') {
+            // A short option stands for its long one.
+            for (const OptionSpec& spec : specs) {
+                if (spec.shortName == word[1]) {
+                    word = std::string("--") + spec.name;
+                }
+            }
+        }
         if (optionsEnded || word.rfind("--", 0) != 0) {
-            if (!optionsEnded && word == "-h") {
-                line.mOptions["help"] = "";
-            } else if (!optionsEnded && word.size() > 1 && word[0] == '-') {
+            if (!optionsEnded && word.size() > 1 && word[0] == '-') {
                 *error = "unknown option " + word;
                 return std::nullopt;
-            } else {
-                line.mPositional.push_back(word);
             }
+            line.mPositional.push_back(word);
             continue;
         }
         std::string name = word.substr(2);

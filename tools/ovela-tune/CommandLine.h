@@ -21,10 +21,11 @@ struct OptionSpec {
     const char* name;       // without the leading "--"
     const char* valueName;  // null for a flag
     const char* help;
+    char shortName = '\0';  // "-o" for "--output"; none when 0
 };
 
-// The words after the command name: positional arguments and --options;
-// "-h" is "--help", and every word after "--" is positional.
+// The words after the command name: positional arguments, --options and
+// their short forms; every word after "--" is positional.
 class CommandLine {
   public:
     // Fails with a message for an unknown option or a missing value.

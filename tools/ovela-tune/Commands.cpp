@@ -9,7 +9,7 @@ namespace ovela::tune {
 
 namespace {
 
-const OptionSpec kHelp{"help", nullptr, "show this help (also -h)"};
+const OptionSpec kHelp{"help", nullptr, "show this help", 'h'};
 
 void printUsage(std::ostream& out) {
     out << "usage: ovela-tune [--verbose] COMMAND [OPTIONS] [--] [FILE...]\n"
@@ -27,11 +27,13 @@ void printCommandHelp(const Command& command, std::ostream& out) {
     out << "usage: ovela-tune " << command.name << " " << command.arguments << "\n\n"
         << command.summary << "\n\noptions:\n";
     for (const OptionSpec& option : command.options) {
-        std::string left = std::string("--") + option.name;
+        std::string left =
+            option.shortName != '\0' ? std::string("-") + option.shortName + ", " : "";
+        left += std::string("--") + option.name;
         if (option.valueName != nullptr) {
             left += std::string(" ") + option.valueName;
         }
-        out << "  " << left << std::string(left.size() < 20 ? 20 - left.size() : 1, ' ')
+        out << "  " << left << std::string(left.size() < 24 ? 24 - left.size() : 1, ' ')
             << option.help << "\n";
     }
 }
@@ -92,6 +94,12 @@ const std::vector<Command>& commands() {
           kHelp},
          runCheck},
         {"schema", "", "print the XML schema of the tuning file", {kHelp}, runSchema},
+        {"report",
+         "[FILE] [-o REPORT.html]",
+         "write one HTML page with the curves and tables of FILE and its findings",
+         {{"output", "REPORT.html", "write the page there instead of to standard output", 'o'},
+          kHelp},
+         runReport},
     };
     return kCommands;
 }

@@ -57,6 +57,7 @@ int runApply(const CommandLine& line, std::ostream& out, std::ostream& err);
 int runCheck(const CommandLine& line, std::ostream& out, std::ostream& err);
 int runDiff(const CommandLine& line, std::ostream& out, std::ostream& err);
 int runSchema(const CommandLine& line, std::ostream& out, std::ostream& err);
+int runReport(const CommandLine& line, std::ostream& out, std::ostream& err);
 
 }  // namespace ovela::tune
 

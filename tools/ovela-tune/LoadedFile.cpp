@@ -1,5 +1,7 @@
 #include "LoadedFile.h"
 
+#include <algorithm>
+
 #include "CommandLine.h"
 
 namespace ovela::tune {
@@ -9,6 +11,34 @@ std::unique_ptr<LoadedFile> loadFile(const std::string& path) {
     file->path = path;
     file->store = std::make_unique<ProfileParamArray>(path, &file->report);
     return file;
+}
+
+std::vector<LoadFinding> LoadedFile::findings() const {
+    std::vector<LoadFinding> findings = report.findings();
+    std::stable_sort(findings.begin(), findings.end(),
+                     [](const LoadFinding& a, const LoadFinding& b) {
+                         if ((a.severity == Severity::ERROR) != (b.severity == Severity::ERROR)) {
+                             return a.severity == Severity::ERROR;
+                         }
+                         return a.line < b.line;
+                     });
+    return findings;
+}
+
+size_t LoadedFile::count(Severity severity) const {
+    const std::vector<LoadFinding> all = report.findings();
+    return std::count_if(all.begin(), all.end(),
+                         [&](const LoadFinding& finding) { return finding.severity == severity; });
+}
+
+std::string LoadedFile::summary() const {
+    auto counted = [&](Severity severity, const char* what) {
+        const size_t n = count(severity);
+        return std::to_string(n) + " " + what + (n == 1 ? "" : "s");
+    };
+    return std::string(loads() ? "loads" : "does not load") + ", " +
+           counted(Severity::ERROR, "error") + ", " + counted(Severity::WARNING, "warning") + ", " +
+           counted(Severity::NOTE, "note");
 }
 
 int doesNotLoad(const char* command, const LoadedFile& file, std::ostream& err) {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "LoadReport.h"
 
@@ -20,6 +21,12 @@ struct LoadedFile {
     std::unique_ptr<ProfileParamArray> store;
 
     bool loads() const { return !report.hasErrors(); }
+    // The findings of the load as check lists them: what stops the load
+    // first, the rest in the order of the file.
+    std::vector<LoadFinding> findings() const;
+    size_t count(Severity severity) const;
+    // "loads, 0 errors, 1 warning, 0 notes".
+    std::string summary() const;
 };
 
 std::unique_ptr<LoadedFile> loadFile(const std::string& path);
