@@ -272,7 +272,7 @@ std::string generateTuningFile(const TuningFileShape& shape) {
             writeTuning(out, values, kEndpointNames[ENDPOINT_SPEAKER], ENDPOINT_SPEAKER,
                         shape.bands);
         } else if (tuning == 1) {
-            writeTuning(out, values, "default", ENDPOINT_OTHER, shape.bands);
+            writeTuning(out, values, kDefaultTuningName, ENDPOINT_OTHER, shape.bands);
         } else {
             const auto endpoint = static_cast<Endpoint>(tuning % kNumEndpoints);
             writeTuning(out, values, "tuning_" + std::to_string(tuning), endpoint, shape.bands);

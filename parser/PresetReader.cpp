@@ -129,33 +129,4 @@ void TuningFileParser::parsePreset(xmlNode* preset) {
     }
 }
 
-void TuningFileParser::parseDeviceTuning(xmlNode* deviceId, std::string tuningName) {
-    std::string device;
-    std::string port;
-    for (xmlAttr* attribute = xml::firstAttribute(deviceId); attribute != nullptr;
-         attribute = attribute->next) {
-        const DeviceIdAttribute* known = findByName(kDeviceIdAttributes, xml::nameOf(attribute));
-        if (known == nullptr) {
-            continue;
-        }
-        switch (*known) {
-            case DeviceIdAttribute::ID:
-                device = xml::valueOf(attribute);
-                break;
-            case DeviceIdAttribute::ENDPOINT_PORT:
-                port = xml::valueOf(attribute);
-                break;
-        }
-    }
-    mReport.attributes(deviceId, kDeviceIdAttributes);
-    auto* entity = new DeviceTuning(device, port, tuningName);
-    mReport.entity(
-        entity, deviceId,
-        [&] {
-            return "<" + std::string(kDeviceIdElement) + "> " + device + " of tuning " + tuningName;
-        },
-        "<device_id> elements");
-    mContents.deviceTunings.insert(entity);
-}
-
 }  // namespace ovela

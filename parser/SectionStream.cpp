@@ -72,12 +72,6 @@ bool readTuningFileBytes(const std::string& path, std::string* bytes) {
 
 SectionStream::SectionStream(int options) : mOptions(options) {}
 
-SectionStream::~SectionStream() {
-    if (mDocument != nullptr) {
-        xmlFreeDoc(mDocument);
-    }
-}
-
 bool SectionStream::parse(const std::string& bytes, const std::string& url, Visit visit,
                           void* context) {
     Input input{bytes, 0};
@@ -106,7 +100,7 @@ bool SectionStream::parse(const std::string& bytes, const std::string& url, Visi
 
     xmlParseDocument(mParser);
     const bool wellFormed = mParser->wellFormed != 0;
-    mDocument = mParser->myDoc;
+    mDocument.reset(mParser->myDoc);
     mParser->myDoc = nullptr;
     freeSectionsBefore(nullptr);
     xmlFreeParserCtxt(mParser);

@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "XmlNodes.h"
+
 // Parsing a tuning file one section at a time; not part of the library's
 // interface.
 namespace ovela {
@@ -26,7 +28,6 @@ class SectionStream {
     using Visit = void (*)(void* context, xmlNode* element);
 
     explicit SectionStream(int options);
-    ~SectionStream();
     SectionStream(const SectionStream&) = delete;
     SectionStream& operator=(const SectionStream&) = delete;
 
@@ -38,7 +39,7 @@ class SectionStream {
 
     // The document without its sections: its root element and its
     // declarations; null before a parse. Freed with the stream.
-    const xmlDoc* document() const { return mDocument; }
+    const xmlDoc* document() const { return mDocument.get(); }
     bool hasRoot() const { return mRoot != nullptr; }
 
   private:
@@ -53,7 +54,7 @@ class SectionStream {
 
     int mOptions;
     xmlParserCtxt* mParser = nullptr;
-    xmlDoc* mDocument = nullptr;
+    xml::Document mDocument;
     xmlNode* mRoot = nullptr;
     Visit mVisit = nullptr;
     void* mContext = nullptr;

@@ -67,7 +67,7 @@ class AttachedReport {
 
 void TuningFileParser::DocumentDeleter::operator()(xmlDoc* document) const {
     android::Mutex::Autolock lock(libxmlLock());
-    xmlFreeDoc(document);
+    xml::FreeDocument()(document);
 }
 
 TuningFileParser::TuningFileParser() = default;

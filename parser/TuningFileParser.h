@@ -80,15 +80,15 @@ class TuningFileParser {
     static std::string xmlChar2String(const xmlChar* text);
     static int getNodeValue(xmlNode* element);
     static std::vector<int> parseDataRow(xmlNode* element);
+    static std::vector<int> parseMixMatrix(std::string name, xmlNode* parent);
 
     void parseGeneral(xmlNode* general);
     void parseGeneralEndpoint(xmlNode* endpointType);
-    static std::vector<int> parseMixMatrix(std::string name, xmlNode* parent);
     void parsePreset(xmlNode* preset);
-    void parseDeviceTuning(xmlNode* deviceId, std::string tuningName);
     void parseProfile(xmlNode* profile);
     void parseProfileEndpoint(xmlNode* endpointType, int profileId);
     void parseTuning(xmlNode* tuning);
+    void parseDeviceTuning(xmlNode* deviceId, std::string tuningName);
 
     // Preset type named by a profile's "include" element; unknown names are
     // logged and read as PRESET_TYPE_OFF.

@@ -9,6 +9,7 @@
 #include <libxml/xmlstring.h>
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,12 @@ class LoadReport;
 }
 
 namespace ovela::xml {
+
+// A parsed document, freed with its owner.
+struct FreeDocument {
+    void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
+};
+using Document = std::unique_ptr<xmlDoc, FreeDocument>;
 
 inline std::string toString(const xmlChar* text) {
     if (text == nullptr) {

@@ -1,6 +1,7 @@
 #include "Commands.h"
 
 #include <android/log.h>
+#include <ovela/OvlProfileId.h>
 #include <libxml/xmlerror.h>
 
 #include <algorithm>
@@ -167,8 +168,10 @@ std::vector<std::string> tuningFileArguments(const CommandLine& line) {
 
 bool parseProfileOption(const CommandLine& line, const char* command, int* profile,
                         std::ostream& err) {
-    if (!parseInt(line.value("profile"), profile) || *profile < -1 || *profile > 9) {
-        err << "ovela-tune " << command << ": --profile takes a number from -1 to 9\n";
+    if (!parseInt(line.value("profile"), profile) || *profile < kGeneralProfileId ||
+        *profile > kLastProfileId) {
+        err << "ovela-tune " << command << ": --profile takes a number from " << kGeneralProfileId
+            << " to " << kLastProfileId << "\n";
         return false;
     }
     return true;

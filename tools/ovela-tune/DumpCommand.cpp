@@ -169,7 +169,7 @@ void printJson(const FileContents& contents, const DumpSelection& selection, std
         }
     }
     if (defaultTuningWanted(selection)) {
-        document["default"] = {{"serves", endpointNames(contents.defaultServes)},
+        document[kDefaultTuningName] = {{"serves", endpointNames(contents.defaultServes)},
                                {"entries", entriesToJson(contents.defaultTuning, selection.raw)}};
     }
     out << document.dump(2) << "\n";
