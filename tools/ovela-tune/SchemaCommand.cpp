@@ -5,6 +5,8 @@
 
 #include "Commands.h"
 #include "EntryNames.h"
+#include "FileContents.h"
+#include "SvgChart.h"
 #include "TuningFileVocabulary.h"
 
 // Writes the XML schema of the tuning file from the tables that the reader
@@ -29,8 +31,8 @@ reports and this schema cannot express:
   written without line breaks validates, yet the reader misses elements.
 - A comment where the reader takes an element by its position (the preset's
   wrapper, a profile's settings and include) validates, yet moves the reader.
-- The reader reads only the first attribute of a setting ("value"), a row
-  ("data") and an endpoint_type ("id"); the schema does not see attribute order.
+- The reader reads only the first attribute of a setting (value), a row (data)
+  and an endpoint_type (id); the schema does not see attribute order.
 - A preset's wrapper is not tied to its type: the schema accepts an ieq wrapper
   in a preset of type geq.
 - The attributes of virtual-bass-subgains are read whatever their names, each
@@ -53,26 +55,6 @@ std::string attribute(const char* name, const std::string& value) {
     return std::string(" ") + name + "=\"" + value + "\"";
 }
 
-std::string escaped(const std::string& text) {
-    std::string result;
-    for (char c : text) {
-        switch (c) {
-            case '<':
-                result += "&lt;";
-                break;
-            case '>':
-                result += "&gt;";
-                break;
-            case '&':
-                result += "&amp;";
-                break;
-            default:
-                result += c;
-        }
-    }
-    return result;
-}
-
 // Indented XSD text, one element per line.
 class SchemaWriter {
   public:
@@ -91,7 +73,7 @@ class SchemaWriter {
         line("<xs:" + tag + attributes + "/>");
     }
     void documentation(const std::string& text) {
-        line("<xs:annotation><xs:documentation>" + escaped(text) +
+        line("<xs:annotation><xs:documentation>" + escapedHtml(text) +
              "</xs:documentation></xs:annotation>");
     }
     // An element of a named type, documented when `text` is not empty.
@@ -130,7 +112,7 @@ class SchemaWriter {
     void pattern(const std::string& name, const std::string& regex) {
         open("simpleType", attribute("name", name));
         open("restriction", attribute("base", "xs:string"));
-        empty("pattern", attribute("value", escaped(regex)));
+        empty("pattern", attribute("value", escapedHtml(regex)));
         close();
         close();
     }
@@ -148,15 +130,11 @@ const std::string kAnyNumber = attribute("minOccurs", "0") + attribute("maxOccur
 
 // What the effect receives of `parameter`, for an editor to show.
 std::string sentAs(Parameter parameter) {
-    const std::vector<KyrParameterId> codes = entryCodesOf(parameter);
-    if (codes.empty()) {
-        return "read, but not sent to the effect";
+    std::vector<std::string> codes;
+    for (const KyrParameterId code : entryCodesOf(parameter)) {
+        codes.push_back(kyrCodeText(code));
     }
-    std::string text = "sent in";
-    for (const KyrParameterId code : codes) {
-        text += (text.size() > 7 ? ", \"" : " \"") + kyrCodeText(code) + "\"";
-    }
-    return text;
+    return codes.empty() ? "read, but not sent to the effect" : "sent in " + joined(codes);
 }
 
 template <typename Table>
