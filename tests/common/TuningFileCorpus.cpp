@@ -1,18 +1,14 @@
 #include "TuningFileCorpus.h"
 
 #include <dirent.h>
+#include <gtest/gtest.h>
 
+#include "../parser/ParserTestSupport.h"
 #include "TempFile.h"
 
 namespace ovela::testing {
 
 namespace {
-
-// A tuning file around `sections`. A blank after every start tag keeps the
-// whitespace node that the reader skips, so short files fit on one line.
-std::string oneLineFile(const std::string& sections) {
-    return "<?xml version=\"1.0\"?>\n<tuning_file> " + sections + " </tuning_file>\n";
-}
 
 std::string nested(int depth) {
     std::string text;
@@ -25,15 +21,6 @@ std::string replaced(std::string text, const std::string& from, const std::strin
     for (size_t at = text.find(from); at != std::string::npos;
          at = text.find(from, at + to.size())) {
         text.replace(at, from.size(), to);
-    }
-    return text;
-}
-
-// `count` numbers, "0,1,2,...".
-std::string numbers(int count) {
-    std::string text;
-    for (int i = 0; i < count; ++i) {
-        text += (i == 0 ? "" : ",") + std::to_string(i % 100);
     }
     return text;
 }
@@ -56,27 +43,27 @@ std::vector<MalformedInput> malformedInputs() {
         {"BinaryBytes", std::string("\x00\x01\xfe\xff<", 5), -22},
         {"DeclarationOnly", "<?xml version=\"1.0\"?>\n", -22},
         {"TruncatedInATag", "<tuning_file>\n    <profile id=\"1", -22},
-        {"AttributeWithoutValue", oneLineFile("<profile id> </profile>"), -22},
-        {"AttributeWithoutQuotes", oneLineFile("<profile id=1/>"), -22},
-        {"RepeatedAttribute", oneLineFile(R"(<tuning name="a" name="b"/>)"), -22},
+        {"AttributeWithoutValue", tuningFile("<profile id> </profile>"), -22},
+        {"AttributeWithoutQuotes", tuningFile("<profile id=1/>"), -22},
+        {"RepeatedAttribute", tuningFile(R"(<tuning name="a" name="b"/>)"), -22},
         {"WrongNesting", "<tuning_file> <profile> </tuning_file> </profile>", -22},
         {"UnknownEncoding", "<?xml version=\"1.0\" encoding=\"x-none\"?>\n<a/>", -22},
         {"NestedBeyondTheParserLimit", nested(300), -22},
-        {"NestedDeeplyWithinTheLimit", oneLineFile(nested(200)), 0},
-        {"EmptySections",
-         oneLineFile("<format_version/> <general/> <profile/> <tuning/> <preset/>"), 0},
-        {"EmptyIeqPreset", oneLineFile(R"(<preset type="ieq" id="ieq_off"/>)"), -22},
+        {"NestedDeeplyWithinTheLimit", tuningFile(nested(200)), 0},
+        {"EmptySections", tuningFile("<format_version/> <general/> <profile/> <tuning/> <preset/>"),
+         0},
+        {"EmptyIeqPreset", tuningFile(R"(<preset type="ieq" id="ieq_off"/>)"), -22},
         {"SectionsOnOneLine",
          R"(<r><general><a/><endpoint_type id="usb"/></general><profile id="1"><s/>)"
          R"(<include preset="warm"/></profile><tuning name="t"><data/></tuning></r>)",
          0},
-        {"SectionsNestedInEachOther", oneLineFile(R"(<tuning name="t">
+        {"SectionsNestedInEachOther", tuningFile(R"(<tuning name="t">
             <profile id="1"> <settings> <general> <settings/> </general> </settings> </profile>
             <tuning name="inner"> <data/> </tuning> </tuning>
             <profile id="2"> <tuning name="p"> <data/> </tuning> <preset type="geq" id="1"/>
             </profile>)"),
          0},
-        {"CommentsAndCdataWhereElementsBelong", oneLineFile(R"(
+        {"CommentsAndCdataWhereElementsBelong", tuningFile(R"(
             <general> <!-- wrapper --> </general>
             <profile id="1"> <![CDATA[container]]> <?include preset="ieq_warm"?> </profile>
             <tuning name="t"> <!-- data --> </tuning>)"),
@@ -96,7 +83,7 @@ std::vector<MalformedInput> malformedInputs() {
 </tuning_file>
 )",
          0},
-        {"NumbersOutOfRange", oneLineFile(R"(<tuning name="t" orientation="99999999999"> <data>
+        {"NumbersOutOfRange", tuningFile(R"(<tuning name="t" orientation="99999999999"> <data>
             <regulator-enable value="-99999999999"/>
             <regulator-stress-amount data="99999999999,-99999999999,2147483648"/>
             <regulator-tuning> <band frequency="99999999999"/> </regulator-tuning>
@@ -115,6 +102,20 @@ std::string billionLaughs() {
         doctype += "    <!ENTITY lol" + std::to_string(level) + " \"" + references + "\">\n";
     }
     return doctype + "]>\n";
+}
+
+std::string numbers(int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) {
+        text += (i == 0 ? "" : ",") + std::to_string(i % 100);
+    }
+    return text;
+}
+
+std::string editedOnce(std::string text, const std::string& from, const std::string& to) {
+    const size_t at = text.find(from);
+    EXPECT_NE(at, std::string::npos) << from;
+    return at == std::string::npos ? text : text.replace(at, from.size(), to);
 }
 
 std::string sampleText() {

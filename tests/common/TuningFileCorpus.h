@@ -33,6 +33,13 @@ std::string billionLaughs();
 
 std::string sampleText();
 
+// A row of `count` numbers: "0,1,2,...", from 0 again after 99.
+std::string numbers(int count);
+
+// `text` with the first `from` written as `to`; a test fails when there is no
+// `from` to edit.
+std::string editedOnce(std::string text, const std::string& from, const std::string& to);
+
 // The sample written otherwise without changing anything that a reader of
 // the file means: other line ends, tabs, a byte order mark, UTF-16, single
 // quotes, end tags for empty elements, comments, a trailing comma.

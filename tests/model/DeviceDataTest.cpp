@@ -1,55 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "DeviceData.h"
 
 namespace ovela {
 namespace {
-
-TEST(DeviceDataTest, FreshContainerIsEmpty) {
-    DeviceData data;
-    EXPECT_EQ(data.getFormatVersion(), "");
-    EXPECT_EQ(data.getToolVersion(), "");
-    EXPECT_EQ(data.getSignature(), "");
-    EXPECT_TRUE(data.getProfiles().empty());
-    EXPECT_TRUE(data.getTunings().empty());
-    EXPECT_TRUE(data.getGeneralEndpoints().empty());
-    EXPECT_EQ(data.getGeneral(), nullptr);
-}
-
-TEST(DeviceDataTest, SettersCopyTheCallersSet) {
-    Profile first(0, "a", PRESET_TYPE_OFF);
-    Profile second(1, "b", PRESET_TYPE_OFF);
-    std::set<Profile*> profiles{&first};
-    DeviceData data;
-    data.setProfiles(profiles);
-    profiles.insert(&second);
-    EXPECT_EQ(data.getProfiles(), std::set<Profile*>{&first});
-    data.setProfiles(data.getProfiles());
-    EXPECT_EQ(data.getProfiles(), std::set<Profile*>{&first});
-
-    std::set<ProfileEndpoint*> endpoints;
-    ProfileEndpoint endpoint(0, ENDPOINT_SPEAKER);
-    endpoints.insert(&endpoint);
-    data.setProfileEndPoints(endpoints);
-    EXPECT_EQ(data.getProfileEndpoints(), endpoints);
-}
-
-TEST(DeviceDataTest, DestroyingTheContainerLeavesEntitiesAlive) {
-    auto general = std::make_unique<General>();
-    auto tuning = std::make_unique<Tuning>("t", ENDPOINT_SPEAKER, false);
-    {
-        DeviceData data;
-        std::set<Tuning*> tunings{tuning.get()};
-        data.setTunings(tunings);
-        data.setGeneral(general.get());
-        EXPECT_EQ(data.getGeneral(), general.get());
-    }
-    // Still usable: the container never deleted them.
-    general->set(AUXILIARY_SYSTEM_GAIN_ENABLE, {1});
-    EXPECT_EQ(tuning->getName(), "t");
-}
 
 TEST(DeviceDataTest, ValidateDataSwitchesOffPresetOfProfilesWithIeqDisabled) {
     Profile off(1, 0, "off", PRESET_TYPE_WARM);

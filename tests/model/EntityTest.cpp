@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "DeviceTuning.h"
-#include "DeviceTypes.h"
 #include "General.h"
 #include "GeneralEndpoint.h"
 #include "GeqPreset.h"
@@ -68,43 +67,6 @@ TEST(EntityTest, TuningSetEndpointAcceptsOnlyTheThreeTuningEndpoints) {
     EXPECT_TRUE(tuning.isMono());
     EXPECT_FALSE(tuning.isDirty());
     EXPECT_EQ(Tuning::kEndpNameToEndpoint.size(), 3u);
-}
-
-TEST(EntityTest, DeviceTypesFoldIntoTheThreeTuningEndpoints) {
-    EXPECT_EQ(kDeviceTypeToEndpoint.at("bluetooth"), ENDPOINT_HEADPHONE);
-    EXPECT_EQ(kDeviceTypeToEndpoint.at("miracast"), ENDPOINT_OTHER);
-    EXPECT_EQ(kDeviceTypeToEndpoint.at("internal_speaker"), ENDPOINT_SPEAKER);
-    EXPECT_EQ(kDeviceTypeToEndpoint.size(), 7u);
-    EXPECT_STREQ(kEndpointNames[ENDPOINT_AUX_DIGITAL], "aux_digital");
-}
-
-TEST(EntityTest, ToStringTexts) {
-    General general;
-    general.set(AUXILIARY_SYSTEM_GAIN_ENABLE, {1});
-    EXPECT_EQ(general.toString(), "id=-1\nauxiliary_system_gain_enable=1,\n");
-
-    GeneralEndpoint generalEndpoint(ENDPOINT_REMOTE_SUBMIX);
-    EXPECT_EQ(generalEndpoint.toString(), "id=-1\nendpoint=remote_submix\n");
-
-    Profile profile(3, "music", PRESET_TYPE_BALANCED);
-    profile.set(IEQ_ENABLE, {1});
-    EXPECT_EQ(profile.toString(),
-              "id=-1\nprofileId=3\nname=music\nselectedIeqPreset=balanced\nselectedGeqPreset=3\n"
-              "ieq_enable=1,\n");
-
-    ProfileEndpoint profileEndpoint(2, ENDPOINT_BLUETOOTH);
-    EXPECT_EQ(profileEndpoint.toString(), "id=-1\nprofileId=2\nendpoint=bluetooth\n");
-
-    Tuning tuning(8, "speaker", ENDPOINT_SPEAKER, true, false);
-    tuning.set(ORIENTATION, {});
-    EXPECT_EQ(tuning.toString(),
-              "id=8\nname=speaker\nendpoint=speaker\nmono=true\nreadonly=false\norientation=\n");
-
-    GeqPreset geq(2);
-    EXPECT_EQ(geq.toString(), "id=-1\nprofileId=2\n");
-
-    DeviceTuning binding("dev", "port", "tuning");
-    EXPECT_EQ(binding.toString(), "id=-1\ndevice=dev\nport=port\ntuning=tuning");
 }
 
 TEST(EntityTest, ProfileEqualsIgnoresNameAndGeqPreset) {

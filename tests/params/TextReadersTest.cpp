@@ -45,15 +45,4 @@ TEST(TextReadersTest, VectorKeepsEveryPieceIncludingEmptyOnes) {
     EXPECT_EQ(string_2_int_vector("99999999999"), (List{INT_MAX}));
 }
 
-TEST(TextReadersTest, VectorHasNoLengthLimit) {
-    std::string text;
-    List expected;
-    for (int i = 0; i < 500; ++i) {
-        text += std::to_string(i - 250) + ",";
-        expected.push_back(i - 250);
-    }
-    expected.push_back(0);
-    EXPECT_EQ(string_2_int_vector(text), expected);
-}
-
 }  // namespace

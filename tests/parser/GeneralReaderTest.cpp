@@ -13,17 +13,6 @@ using testing::XmlText;
 
 using Strings = std::vector<std::string>;
 
-TEST(GeneralReaderTest, GeneralWithOnlyTheSwitchHasNoEndpoints) {
-    TuningFileParser parser;
-    ASSERT_EQ(loadText(parser, tuningFile("<general> <settings> "
-                                          "<auxiliary-system-gain-enable value=\"true\"/> "
-                                          "</settings> </general>")),
-              0);
-    EXPECT_EQ(parser.getDeviceData()->getGeneral()->toString(),
-              "id=-1\nauxiliary_system_gain_enable=1,\n");
-    EXPECT_TRUE(parser.getDeviceData()->getGeneralEndpoints().empty());
-}
-
 TEST(GeneralReaderTest, EndpointsNeedAFirstAttributeIdWithAnExactName) {
     TuningFileParser parser;
     ASSERT_EQ(loadText(parser, tuningFile(R"(<general> <settings>

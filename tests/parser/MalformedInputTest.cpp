@@ -45,12 +45,5 @@ TEST(MalformedInputTest, EveryTruncationOfTheReferenceFileFailsCleanly) {
     }
 }
 
-TEST(MalformedInputTest, DirectoryAsPathFailsWithMinus22) {
-    LogCapture log;
-    TuningFileParser parser;
-    EXPECT_EQ(parser.setTuningFile("/tmp"), -22);
-    EXPECT_EQ(parser.getDeviceData(), nullptr);
-}
-
 }  // namespace
 }  // namespace ovela

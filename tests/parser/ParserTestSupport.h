@@ -11,6 +11,7 @@
 
 #include "TempFile.h"
 #include "TuningFileParser.h"
+#include "XmlNodes.h"
 
 namespace ovela::testing {
 
@@ -42,14 +43,11 @@ class XmlText {
   public:
     explicit XmlText(const std::string& xml)
         : mDocument(xmlReadMemory(xml.data(), static_cast<int>(xml.size()), nullptr, nullptr, 0)) {}
-    ~XmlText() { xmlFreeDoc(mDocument); }
-    XmlText(const XmlText&) = delete;
-    XmlText& operator=(const XmlText&) = delete;
 
-    xmlNode* root() const { return xmlDocGetRootElement(mDocument); }
+    xmlNode* root() const { return xmlDocGetRootElement(mDocument.get()); }
 
   private:
-    xmlDoc* mDocument;
+    xml::Document mDocument;
 };
 
 }  // namespace ovela::testing

@@ -1,17 +1,12 @@
 #include <gtest/gtest.h>
-#include <libxml/xpath.h>
 
 #include <set>
 #include <tuple>
 
-#include "ParserTestSupport.h"
-#include "TempFile.h"
 #include "TuningFileVocabulary.h"
 
 namespace ovela {
 namespace {
-
-using testing::sampleFile;
 
 template <typename Table, typename ParameterOf>
 void count(const Table& table, ParameterOf parameterOf, std::vector<int>& counts) {
@@ -66,33 +61,6 @@ TEST(TuningFileVocabularyTest, NamesAreUniqueWithinTheirPlace) {
         distinct.emplace(name.where, name.role, name.name);
     }
     EXPECT_EQ(distinct.size(), names.size());
-}
-
-// Every element and attribute name stands in the sample at its place: a
-// place is a path from the root in which "*" stands for any element, so it
-// reads as a path expression.
-TEST(TuningFileVocabularyTest, ReferenceFileUsesEveryElementAndAttributeAtItsPlace) {
-    xmlDoc* document = xmlReadFile(sampleFile().c_str(), nullptr, 0);
-    ASSERT_NE(document, nullptr);
-    xmlXPathContext* context = xmlXPathNewContext(document);
-    std::vector<std::string> unused;
-    for (const VocabularyName& name : tuningFileVocabulary()) {
-        if (name.role == NameRole::WORD) {
-            continue;
-        }
-        const std::string path =
-            "/" + name.where +
-            (name.role == NameRole::ELEMENT ? "/" + name.name : "[@" + name.name + "]");
-        xmlXPathObject* found =
-            xmlXPathEvalExpression(reinterpret_cast<const xmlChar*>(path.c_str()), context);
-        if (found == nullptr || xmlXPathNodeSetIsEmpty(found->nodesetval)) {
-            unused.push_back(path);
-        }
-        xmlXPathFreeObject(found);
-    }
-    xmlXPathFreeContext(context);
-    xmlFreeDoc(document);
-    EXPECT_EQ(unused, std::vector<std::string>{});
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 #include "GeqPreset.h"
 #include "LogCapture.h"
 #include "PackedWords.h"
-#include "ParamCodes.h"
 #include "Profile.h"
 #include "ProfileParamArray.h"
 #include "Tuning.h"
@@ -39,23 +38,6 @@ std::vector<int32_t> composed(ParameterValues& entity, int device, int* written 
     return words;
 }
 
-TEST(ParamCodesTest, CodesFollowTheParameterValues) {
-    EXPECT_EQ(kParameterCodes[ADVANCED_HEADPHONE_VIRTUALIZER_LR_ANGLE], kyrCode("hlra"));
-    EXPECT_EQ(kParameterCodes[MI_DIALOG_ENHANCER_STEERING_ENABLE], kyrCode("mdee"));
-    EXPECT_EQ(kParameterCodes[MI_QV_LEVELER_STEERING_ENABLE], kyrCode("mdle"));
-    EXPECT_EQ(kParameterCodes[MI_IEQ_STEERING_ENABLE], kyrCode("miee"));
-    EXPECT_EQ(kParameterCodes[SYSTEM_GAIN], kyrCode("vol"));
-    EXPECT_EQ(kParameterCodes[VOLUME_MODELER_ENABLE], kyrCode("qvme"));
-    EXPECT_EQ(kParameterCodes[GEQ_FREQUENCY], kParameterCodes[GEQ_GAIN]);
-    size_t uncoded = 0;
-    for (KyrParameterId code : kParameterCodes) {
-        uncoded += code == 0 ? 1 : 0;
-    }
-    EXPECT_EQ(uncoded, 29u);
-}
-
-// Parameters without a code (output_mix_matrix, complex_equalizer_tuning_left)
-// or without values yield nothing.
 TEST(ComposeParamsTest, WritesOneEntryPerCodedParameterWithValuesInParameterOrder) {
     Profile profile(2, "music", PRESET_TYPE_WARM);
     profile.set(VOLUME_MODELER_ENABLE, {0});
@@ -84,19 +66,6 @@ TEST(ComposeParamsTest, GeqFrequenciesAndGainsShareTheirCodeFrequenciesFirst) {
     EXPECT_EQ(composed(preset, kDeviceSpeaker),
               packed(0, {{kDeviceSpeaker, kyrCode("gebs"), {100, 1000}},
                          {kDeviceSpeaker, kyrCode("gebs"), {0, -3}}}));
-}
-
-TEST(ComposeParamsTest, EntriesBeyondTheRoomWriteNothing) {
-    Profile profile(0, "p", PRESET_TYPE_OFF);
-    profile.set(IEQ_ENABLE, {1});
-    profile.set(IEQ_AMOUNT, {5, 6});
-    std::vector<int32_t> out(9, -7);
-    int count = 3;
-    EXPECT_EQ(emptyStore().composeParams(out.data(), 8, kDeviceAll, &profile, count), -1);
-    EXPECT_EQ(count, 3);
-    EXPECT_EQ(out, std::vector<int32_t>(9, -7));
-    EXPECT_EQ(emptyStore().composeParams(out.data(), 9, kDeviceAll, &profile, count), 9);
-    EXPECT_EQ(count, 5);
 }
 
 }  // namespace

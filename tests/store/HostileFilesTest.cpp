@@ -28,6 +28,7 @@ namespace {
 
 using testing::billionLaughs;
 using testing::LogCapture;
+using testing::numbers;
 using testing::packed;
 using testing::profile;
 using testing::profileWords;
@@ -51,15 +52,7 @@ std::string ieqPreset(int bands) {
            rows + "            </bands>\n        </ieq>\n    </preset>\n";
 }
 
-// "0,1,2,..." with `count` numbers.
-std::string row(int count) {
-    std::string text;
-    for (int i = 0; i < count; ++i) {
-        text += (i == 0 ? "" : ",") + std::to_string(i % 100);
-    }
-    return text;
-}
-
+// The values of numbers(count).
 std::vector<int32_t> rowValues(int count) {
     std::vector<int32_t> values;
     for (int i = 0; i < count; ++i) {
@@ -226,31 +219,6 @@ TEST(HostileFilesTest, FiftyMegabytesOfNestedElementsLoadLikeTheFileWithoutThem)
     EXPECT_EQ(snapshotOf(store), expected);
 }
 
-TEST(HostileFilesTest, HundredThousandProfilesKeepZeroToNineAndSkipTheRest) {
-    constexpr int kProfiles = 100000;
-    std::string sections;
-    for (int id = 0; id < kProfiles; ++id) {
-        sections += profile(id, "            <ieq-amount value=\"" + std::to_string(id) + "\"/>\n");
-    }
-    TempFile file(tuningFile(sections));
-    LogCapture log;
-    ProfileParamArray store(file.path());
-
-    for (OvlProfileId id = kFirstProfileId; id <= kLastProfileId; ++id) {
-        EXPECT_EQ(profileWords(store, id), packed(id, {{kDeviceAll, kyrCode("iea"), {id}}}));
-    }
-    EXPECT_EQ(profileWords(store, kGeneralProfileId), packed(kGeneralProfileId, {}));
-    std::vector<std::string> expectedErrors;
-    for (int id = kLastProfileId + 1; id < kProfiles; ++id) {
-        expectedErrors.push_back("loadXMLFile() Invalid profile " + std::to_string(id) +
-                                 ": profile skipped");
-    }
-    std::vector<std::string> errors = log.messages(kTag, ANDROID_LOG_ERROR);
-    std::sort(errors.begin(), errors.end());
-    std::sort(expectedErrors.begin(), expectedErrors.end());
-    EXPECT_EQ(errors, expectedErrors);
-}
-
 // One array of each kind, filled to the last word of its room by one entry,
 // and the same file with one value more.
 struct FullArray {
@@ -268,7 +236,7 @@ std::ostream& operator<<(std::ostream& out, const FullArray& array) {
 // 1200 words: 2 of header, 3 of entry header, 1195 values.
 std::string fullProfile(int extra) {
     return tuningFile(
-        profile(4, "            <drc-metadata data=\"" + row(1195 + extra) + "\"/>\n"));
+        profile(4, "            <drc-metadata data=\"" + numbers(1195 + extra) + "\"/>\n"));
 }
 
 // 1200 words: 2 of header, 3 of entry header, then the band count, 597
@@ -290,7 +258,7 @@ std::vector<int32_t> fullGeneralWords() {
 std::string fullTuning(int extra) {
     return tuningFile(
         tuning("name=\"big\" endpoint_type=\"usb\"",
-               "            <bass-mbdrc-tuning data=\"" + row(1095 + extra) + "\"/>\n"));
+               "            <bass-mbdrc-tuning data=\"" + numbers(1095 + extra) + "\"/>\n"));
 }
 
 class ArrayRoomTest : public ::testing::TestWithParam<FullArray> {};
@@ -321,36 +289,6 @@ INSTANTIATE_TEST_SUITE_P(
                                 packed(0, {{kDeviceUsb, kyrCode("bmdt"), rowValues(1095)}}),
                                 "convertTuning() tuning big does not fit in 1100 words"}),
     [](const ::testing::TestParamInfo<FullArray>& info) { return std::string(info.param.name); });
-
-TEST(HostileFilesTest, EveryArrayFarPastItsRoomFailsTheLoadOnce) {
-    // A hundred thousand values in a row, in every profile, the general array
-    // and a tuning.
-    const std::string longRow = row(100000);
-    std::string sections = ieqPreset(5000);
-    for (int id = kFirstProfileId; id <= kLastProfileId; ++id) {
-        sections += profile(id, "            <drc-metadata data=\"" + longRow + "\"/>\n");
-    }
-    sections += tuning("name=\"big\" endpoint_type=\"usb\"",
-                       "            <bass-mbdrc-tuning data=\"" + longRow + "\"/>\n");
-    TempFile hostile(tuningFile(sections));
-    ProfileParamArray store(sampleFile());
-    const Snapshot before = snapshotOf(store);
-
-    LogCapture log;
-    store.loadXMLFile(hostile.path());
-
-    // The load gives up at the first array that does not fit.
-    const std::vector<std::string> errors = log.messages(kTag, ANDROID_LOG_ERROR);
-    ASSERT_EQ(errors.size(), 1u);
-    std::vector<std::string> possible = {"convertTuning() tuning big does not fit in 1100 words"};
-    for (OvlProfileId id = kGeneralProfileId; id <= kLastProfileId; ++id) {
-        possible.push_back("loadXMLFile() profile " + std::to_string(id) +
-                           " does not fit in 1200 words");
-    }
-    EXPECT_NE(std::find(possible.begin(), possible.end(), errors.front()), possible.end())
-        << errors.front();
-    EXPECT_EQ(snapshotOf(store), before);
-}
 
 }  // namespace
 }  // namespace ovela

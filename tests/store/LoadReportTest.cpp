@@ -89,11 +89,7 @@ void PrintTo(const Case& c, std::ostream* out) {
 std::string edited(const std::vector<Edit>& edits) {
     std::string text = kClean;
     for (const Edit& edit : edits) {
-        const size_t at = text.find(edit.from);
-        EXPECT_NE(at, std::string::npos) << edit.from;
-        if (at != std::string::npos) {
-            text.replace(at, edit.from.size(), edit.to);
-        }
+        text = testing::editedOnce(text, edit.from, edit.to);
     }
     return text;
 }

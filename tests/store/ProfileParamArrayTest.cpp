@@ -10,6 +10,7 @@
 #include "PackedWords.h"
 #include "ProfileParamArray.h"
 #include "TempFile.h"
+#include "TuningFileCorpus.h"
 #include "TuningFileText.h"
 
 namespace ovela {
@@ -22,6 +23,8 @@ using testing::LogCapture;
 using testing::packed;
 using testing::profile;
 using testing::profileWords;
+using testing::Snapshot;
+using testing::snapshotOf;
 using testing::TempFile;
 using testing::tuning;
 using testing::tuningFile;
@@ -29,32 +32,6 @@ using testing::tuningList;
 using testing::tuningWords;
 
 constexpr char kTag[] = "OvlProfileParamArray";
-constexpr char kMissingFile[] = "/nonexistent/ovela/qrn-default.xml";
-
-// The words of every array of the store, for comparing whole stores.
-std::vector<std::vector<int32_t>> allArrays(ProfileParamArray& store,
-                                            const std::vector<std::string>& tunings) {
-    std::vector<std::vector<int32_t>> arrays;
-    for (OvlProfileId id = -1; id <= 9; ++id) {
-        arrays.push_back(profileWords(store, id));
-    }
-    for (const std::string& name : tunings) {
-        arrays.push_back(tuningWords(store, name));
-    }
-    return arrays;
-}
-
-TEST(ProfileParamArrayTest, UnreadableFileLeavesTheStoreEmpty) {
-    LogCapture log;
-    ProfileParamArray store(kMissingFile);
-    EXPECT_EQ(log.messages(kTag, ANDROID_LOG_ERROR),
-              std::vector<std::string>{"XML parses error!!"});
-    for (OvlProfileId id = -1; id <= 9; ++id) {
-        EXPECT_EQ(store.getProfileParamsSize(id), 0u) << "profile " << id;
-    }
-    EXPECT_EQ(store.getTuningParamsSize("speaker"), 0u);
-    EXPECT_EQ(tuningList(store, ENDPOINT_SPEAKER, 'x'), "defaultx");
-}
 
 TEST(ProfileParamArrayTest, EveryProfileAndTheGeneralArrayAreStoredEvenWhenEmpty) {
     TempFile file(tuningFile(profile(3,
@@ -64,21 +41,12 @@ TEST(ProfileParamArrayTest, EveryProfileAndTheGeneralArrayAreStoredEvenWhenEmpty
     LogCapture log;
     ProfileParamArray store(file.path());
     // Profile 3 holds three entries (drcm, ieon, qvme) of 15 words.
-    EXPECT_EQ(log.messages(kTag, ANDROID_LOG_DEBUG),
-              (std::vector<std::string>{
-                  "loadXMLFile",
-                  "add the profile table: profileId=0, paramNum=0, size=8",
-                  "add the profile table: profileId=1, paramNum=0, size=8",
-                  "add the profile table: profileId=2, paramNum=0, size=8",
-                  "add the profile table: profileId=3, paramNum=3, size=60",
-                  "add the profile table: profileId=4, paramNum=0, size=8",
-                  "add the profile table: profileId=5, paramNum=0, size=8",
-                  "add the profile table: profileId=6, paramNum=0, size=8",
-                  "add the profile table: profileId=7, paramNum=0, size=8",
-                  "add the profile table: profileId=8, paramNum=0, size=8",
-                  "add the profile table: profileId=9, paramNum=0, size=8",
-                  "add the profile table: profileId=-1, paramNum=0, size=8",
-              }));
+    std::vector<std::string> expected = {"loadXMLFile"};
+    for (OvlProfileId id : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, -1}) {
+        expected.push_back("add the profile table: profileId=" + std::to_string(id) +
+                           (id == 3 ? ", paramNum=3, size=60" : ", paramNum=0, size=8"));
+    }
+    EXPECT_EQ(log.messages(kTag, ANDROID_LOG_DEBUG), expected);
     EXPECT_EQ(profileWords(store, 4), packed(4, {}));
     EXPECT_EQ(store.getProfileParamsSize(4), 8u);
     EXPECT_EQ(profileWords(store, -1), packed(-1, {}));
@@ -314,14 +282,9 @@ TEST(ProfileParamArrayTest, LoadingIsTransactional) {
                              tuning("name=\"a\" endpoint_type=\"usb\"",
                                     "            <bass-enhancer-boost value=\"1\"/>\n")));
     ProfileParamArray store(good.path());
-    const std::vector<std::string> names = {"a", "fresh"};
-    const std::vector<std::vector<int32_t>> before = allArrays(store, names);
-    const std::string usbTunings = tuningList(store, ENDPOINT_USB, 'x');
+    const Snapshot before = snapshotOf(store);
 
-    std::string longRow = "1";
-    for (int i = 1; i < 1200; ++i) {
-        longRow += "," + std::to_string(i);
-    }
+    const std::string longRow = testing::numbers(1200);
     const std::string freshTuning = tuning("name=\"fresh\" endpoint_type=\"usb\"",
                                            "            <bass-enhancer-boost value=\"9\"/>\n");
     TempFile profileTooBig(tuningFile(
@@ -344,8 +307,7 @@ TEST(ProfileParamArrayTest, LoadingIsTransactional) {
         LogCapture log;
         store.loadXMLFile(failure.file.path());
         EXPECT_EQ(log.messages(kTag, ANDROID_LOG_ERROR), std::vector<std::string>{failure.error});
-        EXPECT_EQ(allArrays(store, names), before) << failure.error;
-        EXPECT_EQ(tuningList(store, ENDPOINT_USB, 'x'), usbTunings) << failure.error;
+        EXPECT_EQ(snapshotOf(store), before) << failure.error;
     }
 }
 

@@ -9,40 +9,11 @@
 namespace ovela::tune {
 namespace {
 
+using ovela::testing::dataFile;
+using ovela::testing::editedOnce;
 using ovela::testing::fileText;
 using ovela::testing::sampleFile;
 using ovela::testing::TempFile;
-
-constexpr char kBefore[] = R"(<tuning_file>
-    <preset type="ieq" id="ieq_warm">
-        <ieq>
-            <bands>
-                <band_ieq frequency="100" target="5"/>
-            </bands>
-        </ieq>
-    </preset>
-    <profile id="2" name="music">
-        <settings>
-            <ieq-amount value="10"/>
-            <endpoint_type id="headphone">
-                <volume-leveler-amount value="7"/>
-            </endpoint_type>
-        </settings>
-        <include preset="ieq_off"/>
-    </profile>
-    <tuning name="speaker" endpoint_type="speaker">
-        <data>
-            <bass-mbdrc-tuning data="1,2,3,4"/>
-        </data>
-    </tuning>
-</tuning_file>
-)";
-
-std::string replaced(std::string text, const std::string& from, const std::string& to) {
-    const size_t at = text.find(from);
-    EXPECT_NE(at, std::string::npos) << from;
-    return at == std::string::npos ? text : text.replace(at, from.size(), to);
-}
 
 struct Edit {
     const char* from;
@@ -61,9 +32,12 @@ TEST(OvelaTuneDiffTest, SaysWhatTheEffectReceivesDifferently) {
         {"<ieq-amount value=\"10\"/>", "<ieq-amount value=\"10\"/><ieq-enable value=\"0\"/>",
          "profile 2 / all / ieq-enable (ieon): added 0\n"},
         {"<ieq-amount value=\"10\"/>", "", "profile 2 / all / ieq-amount (iea): removed 10\n"},
-        {"ieq_off", "ieq_warm", "profile 2 / IEQ preset: off -> warm\n"},
+        {"preset=\"ieq_warm\"", "preset=\"ieq_off\"", "profile 2 / IEQ preset: warm -> off\n"},
         {"target=\"5\"", "target=\"6\"", "general / all / iebs[2]: 5 -> 6\n"},
+        // Headphone gets a tuning of its own: the default tuning no longer
+        // serves it from the general array.
         {"name=\"speaker\"", "name=\"headphone\"",
+         "general / headphone / virtual-bass-subgains (vbhg): removed -80 -144\n"
          "tuning speaker: removed 1 entries\n"
          "tuning headphone: added 1 entries\n"
          "endpoint speaker / tuning: speaker -> default\n"
@@ -74,17 +48,18 @@ TEST(OvelaTuneDiffTest, SaysWhatTheEffectReceivesDifferently) {
          "endpoint speaker / selects: speaker -> default\n"
          "endpoint headphone / selects: default -> speaker\n"},
     };
-    TempFile before(kBefore);
+    const std::string before = dataFile("music.xml");
+    const std::string text = fileText(before);
     for (const Edit& edit : kEdits) {
         SCOPED_TRACE(edit.to);
-        TempFile after(replaced(kBefore, edit.from, edit.to));
-        ToolRun run = runOvelaTune({"diff", before.path(), after.path()});
+        TempFile after(editedOnce(text, edit.from, edit.to));
+        ToolRun run = runOvelaTune({"diff", before, after.path()});
         EXPECT_EQ(run.exitCode, kExitFindings) << run.err;
         EXPECT_EQ(run.out, edit.differences);
     }
 
-    TempFile after(replaced(kBefore, "value=\"7\"", "value=\"6\""));
-    ToolRun json = runOvelaTune({"diff", "--json", before.path(), after.path()});
+    TempFile after(editedOnce(text, "value=\"7\"", "value=\"6\""));
+    ToolRun json = runOvelaTune({"diff", "--json", before, after.path()});
     EXPECT_EQ(
         nlohmann::json::parse(json.out)["differences"][0],
         nlohmann::json::parse(R"json({"array": "profile 2", "device": "headphone", "code": "qvla",

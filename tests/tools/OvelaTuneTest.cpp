@@ -71,23 +71,10 @@ TEST(OvelaTuneTest, AFileThatCannotBeReadIsNamedPlainly) {
 }
 
 TEST(OvelaTuneTest, TuningsListsEachEndpoint) {
-    TempFile file(R"(<tuning_file>
-    <tuning name="a" endpoint_type="headphone">
-        <data>
-            <bass-enhancer-boost value="1"/>
-        </data>
-    </tuning>
-    <tuning name="bb" endpoint_type="headphone">
-        <data>
-            <bass-enhancer-boost value="2"/>
-        </data>
-    </tuning>
-</tuning_file>
-)");
-    ToolRun run = runOvelaTune({"tunings", file.path()});
+    ToolRun run = runOvelaTune({"tunings", dataFile("store-arrays.xml")});
     EXPECT_EQ(run.exitCode, kExitOk);
     EXPECT_EQ(run.out,
-              "speaker: default\nheadphone: a bb\nother: default\nbluetooth: default\n"
+              "speaker: speaker\nheadphone: a bb\nother: default\nbluetooth: c\n"
               "usb: default\naux_digital: default\nremote_submix: default\n");
 }
 

@@ -10,6 +10,7 @@
 namespace ovela::tune {
 namespace {
 
+using ovela::testing::editedOnce;
 using ovela::testing::fileText;
 using ovela::testing::sampleText;
 using ovela::testing::TempFile;
@@ -51,12 +52,6 @@ class SchemaValidator {
     xmlSchemaPtr mSchema = nullptr;
 };
 
-std::string replaced(const std::string& text, const std::string& from, const std::string& to) {
-    const size_t at = text.find(from);
-    EXPECT_NE(at, std::string::npos) << from;
-    return at == std::string::npos ? text : std::string(text).replace(at, from.size(), to);
-}
-
 TEST(OvelaTuneSchemaTest, TheSampleValidatesAndMistakesDoNot) {
     SchemaValidator schema;
     ASSERT_TRUE(schema.loaded());
@@ -80,7 +75,7 @@ TEST(OvelaTuneSchemaTest, TheSampleValidatesAndMistakesDoNot) {
         {"</data>", "</data>\n<device_id id=\"usb\"/>"},
     };
     for (const auto& [from, to] : kMistakes) {
-        EXPECT_FALSE(schema.validates(replaced(sample, from, to))) << to;
+        EXPECT_FALSE(schema.validates(editedOnce(sample, from, to))) << to;
     }
 }
 
