@@ -70,7 +70,7 @@ TEST_F(ProfileParamCacheTest, RecordsTheTuningOfEachEndpointsOwnNameElseDefault)
     EXPECT_EQ(recordedTuning(ENDPOINT_BLUETOOTH), "bluetooth.......");
     EXPECT_EQ(recordedTuning(ENDPOINT_REMOTE_SUBMIX), "default.........");
     // The copy stops at the given length; an unknown endpoint copies nothing.
-    EXPECT_EQ(recordedTuning(ENDPOINT_HEADPHONE, 4), "head............");
+    EXPECT_EQ(recordedTuning(ENDPOINT_HEADPHONE, 1), "h...............");
     EXPECT_EQ(recordedTuning(static_cast<Endpoint>(7)), "................");
 }
 

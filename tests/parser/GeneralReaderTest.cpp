@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "LogCapture.h"
 #include "ParserTestSupport.h"
 #include "TuningFileParser.h"
 
@@ -7,6 +8,7 @@ namespace ovela {
 namespace {
 
 using testing::loadText;
+using testing::LogCapture;
 using testing::textsOf;
 using testing::tuningFile;
 using testing::XmlText;
@@ -34,6 +36,7 @@ TEST(GeneralReaderTest, EndpointsNeedAFirstAttributeIdWithAnExactName) {
 }
 
 TEST(GeneralReaderTest, SecondGeneralSectionReplacesTheFirst) {
+    LogCapture log;
     TuningFileParser parser;
     ASSERT_EQ(loadText(parser, tuningFile(R"(<general> <settings>
         <auxiliary-system-gain-enable value="true"/>
@@ -45,6 +48,7 @@ TEST(GeneralReaderTest, SecondGeneralSectionReplacesTheFirst) {
               0);
     EXPECT_EQ(parser.getDeviceData()->getGeneral()->toString(),
               "id=-1\nauxiliary_system_gain_enable=2,\n");
+    EXPECT_EQ(log.messages("TuningFileParser", ANDROID_LOG_DEBUG), Strings(4, "parseGeneral"));
     // The endpoints of every section stay.
     EXPECT_EQ(textsOf(parser.getDeviceData()->getGeneralEndpoints()),
               Strings{"id=-1\nendpoint=speaker\nauxiliary_system_gain=-6,\n"});

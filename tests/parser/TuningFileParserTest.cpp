@@ -161,27 +161,21 @@ TEST(TuningFileParserTest, ElementsWrittenWithoutWhitespaceLoseTheirFirstChild) 
     EXPECT_EQ(log.messages("TuningFileParser", ANDROID_LOG_ERROR), Strings{"name is invalid, 367"});
 }
 
-TEST(TuningFileParserTest, FailedSecondLoadKeepsTheModelOfTheFirstAndAGoodOneAddsToIt) {
-    TuningFileParser parser;
-    ASSERT_EQ(loadText(parser, profileFile(1, "movie")), 0);
-    DeviceData* data = parser.getDeviceData();
-    EXPECT_EQ(loadText(parser, "this is not XML"), -22);
-    EXPECT_EQ(parser.getDeviceData(), data);
-    EXPECT_EQ(textsOf(data->getProfiles()), Strings{profileText(1, "movie")});
-
-    ASSERT_EQ(loadText(parser, profileFile(2, "music")), 0);
-    EXPECT_EQ(textsOf(parser.getDeviceData()->getProfiles()),
-              (Strings{profileText(1, "movie"), profileText(2, "music")}));
-    EXPECT_EQ(parser.getNumOfProfiles(), 2);
-    EXPECT_EQ(
-        (Strings{parser.getProfileName(1), parser.getProfileName(2), parser.getProfileName(3)}),
-        (Strings{"movie", "music", ""}));
-}
-
 TEST(TuningFileParserTest, ParseTuningFileReadsTheDocumentAgainBehindTheModel) {
     TuningFileParser idle;
     idle.parseTuningFile();
     EXPECT_FALSE(idle.isParsed());
+    LogCapture log;
+    EXPECT_EQ(idle.initXmlParser(), -22);
+
+    // initXmlParser reads the document whole, and parseTuningFile walks it.
+    testing::TempFile file(profileFile(3, "game"));
+    TuningFileParser whole;
+    ASSERT_EQ(whole.setTuningFile(file.path()), 0);
+    ASSERT_EQ(whole.initXmlParser(), 0);
+    whole.parseTuningFile();
+    EXPECT_EQ(textsOf(whole.getDeviceData()->getProfiles()), Strings{profileText(3, "game")});
+    EXPECT_EQ(whole.getNumOfProfiles(), 2);
 
     TuningFileParser parser;
     ASSERT_EQ(loadText(parser, profileFile(1, "movie")), 0);

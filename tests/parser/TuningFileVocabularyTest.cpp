@@ -45,15 +45,6 @@ TEST(TuningFileVocabularyTest, EveryParameterButIeqIdIsFilledByExactlyOneEntry) 
     EXPECT_EQ(counts, expected);
 }
 
-TEST(TuningFileVocabularyTest, LookupMatchesWholeNamesExactly) {
-    ASSERT_NE(findByName(kProfileElements, "ieq-enable"), nullptr);
-    EXPECT_EQ(findByName(kProfileElements, "ieq-enable")->parameter, IEQ_ENABLE);
-    EXPECT_EQ(findByName(kProfileElements, "ieq-enabl"), nullptr);
-    EXPECT_EQ(findByName(kProfileElements, "ieq-enable "), nullptr);
-    EXPECT_EQ(findByName(kProfileElements, "IEQ-ENABLE"), nullptr);
-    EXPECT_EQ(findByName(kProfileElements, ""), nullptr);
-}
-
 TEST(TuningFileVocabularyTest, NamesAreUniqueWithinTheirPlace) {
     const std::vector<VocabularyName> names = tuningFileVocabulary();
     std::set<std::tuple<std::string, NameRole, std::string>> distinct;

@@ -17,19 +17,15 @@ namespace {
 using testing::LogCapture;
 using testing::packed;
 
-// A store that holds nothing: composing touches none of its fields.
-ProfileParamArray& emptyStore() {
-    LogCapture log;
-    static ProfileParamArray store("");
-    return store;
-}
-
-// Composes `entity` behind a header of (0, 0) and returns the words, so that
-// the result compares with a packed array written out by hand.
+// Composes `entity` behind a header of (0, 0) with a store that holds
+// nothing, and returns the words, so that the result compares with a packed
+// array written out by hand.
 std::vector<int32_t> composed(ParameterValues& entity, int device, int* written = nullptr) {
+    LogCapture log;
+    ProfileParamArray store("");
     std::vector<int32_t> words(64, 0);
     int count = 0;
-    int n = emptyStore().composeParams(words.data() + 2, device, &entity, count);
+    const int n = store.composeParams(words.data() + 2, device, &entity, count);
     if (written != nullptr) {
         *written = n;
     }

@@ -29,7 +29,7 @@ constexpr char kClean[] = R"(<?xml version="1.0"?>
         <settings>
             <auxiliary-system-gain-enable value="true"/>
             <endpoint_type id="speaker">
-                <auxiliary-system-gain value="-96"/>
+                <auxiliary-system-gain value=" -96 "/>
             </endpoint_type>
         </settings>
     </general>
@@ -80,6 +80,8 @@ struct Case {
     const char* name;
     std::vector<Edit> edits;
     const char* finding;  // "rule@line level"
+    // Where the rule and the line do not say enough: the message in full.
+    std::string message = "";
 };
 
 void PrintTo(const Case& c, std::ostream* out) {
@@ -120,21 +122,21 @@ TEST_P(LoadReportTest, ReportsTheDecisionOnceAtItsLine) {
         if (finding.severity != Severity::NOTE || described(finding) == expected) {
             found.push_back(described(finding));
         }
+        if (described(finding) == expected && !GetParam().message.empty()) {
+            EXPECT_EQ(finding.message, GetParam().message);
+        }
     }
     EXPECT_EQ(found, std::vector<std::string>{expected});
 }
 
-// ",0,0,..." with `count` zeros.
-std::string zeros(int count) {
-    std::string text;
-    for (int i = 0; i < count; ++i) {
-        text += ",0";
-    }
-    return text;
-}
-
 const std::string kSpeakerSettings =
     "            <endpoint_type id=\"speaker\">\n                <volume";
+const std::string kProfileStart = "    <profile id=\"2\"";
+// A second warm IEQ preset, for putting before the profile.
+const std::string kWarmPreset =
+    "    <preset type=\"ieq\" id=\"warm\">\n        <ieq>\n            <bands>\n"
+    "                <band_ieq frequency=\"1\" target=\"1\"/>\n"
+    "            </bands>\n        </ieq>\n    </preset>\n";
 const std::string kTuningEnd = "        </data>\n    </tuning>\n";
 const std::string kProfileEnd = "        <include preset=\"ieq_warm\"/>\n    </profile>\n";
 
@@ -144,22 +146,32 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"XmlSyntax", {{"<profile id=\"2\"", "<profile id=2"}}, "xml-syntax@19 error"},
         Case{"PresetWithoutTargets",
              {{"target=", "tagret="}, {"target=", "tagret="}},
-             "preset-without-bands@11 error"},
+             "preset-without-bands@11 error",
+             "no band row has a target attribute, the first has tagret (did you mean target?): "
+             "<preset> \"ieq_warm\" gives no target values, so the file does not load"},
         Case{"CommentBeforePresetWrapper",
              {{"ieq_warm\">\n", "ieq_warm\"><!-- x -->\n"}},
              "preset-without-bands@11 error"},
         Case{"ProfilePastItsRoom",
-             {{"data=\"0,1,2\"", "data=\"0" + zeros(1200) + "\""}},
-             "array-room@19 error"},
+             {{"data=\"0,1,2\"", "data=\"" + testing::numbers(1201) + "\""}},
+             "array-room@19 error",
+             "the array of profile 2 needs 1232 words but has room for 1200, so the file does not "
+             "load: profile 2 takes 1208 words, 2 kinds of entries of the store's own take 18 "
+             "words and profile 2 on speaker takes 4 words"},
         Case{"XmlWarning",
              {{"<tuning_file>", "<tuning_file xmlns:x=\"a b\">"}},
              "xml-warning@2 warning"},
         Case{"NotIndented",
              {{"<data>\n            <bass", "<data><bass"}},
              "not-indented@30 warning"},
+        Case{"ProfileNotIndented",
+             {{"music\">\n        <settings>", "music\"><settings>"}},
+             "not-indented@19 warning"},
         Case{"CommentBeforeProfileSettings",
              {{"music\">\n", "music\"><!-- x -->\n"}},
-             "position@19 warning"},
+             "position@19 warning",
+             "a comment comes first in <profile>, so the 2nd child node of <profile>, where the "
+             "reader takes <settings>, is text: the profile sends no settings of its own"},
         Case{"DataElementNamedOtherwise",
              {{"<data>", "<dat>"}, {"</data>", "</dat>"}},
              "positional-name@30 warning"},
@@ -167,7 +179,17 @@ INSTANTIATE_TEST_SUITE_P(
              {{kTuningEnd,
                "        </data>\n        <bass-enhancer-width value=\"1\"/>\n    </tuning>\n"}},
              "not-read@45 warning"},
-        Case{"UnknownElement", {{"<ieq-amount", "<ieq-amout"}}, "unknown-element@21 warning"},
+        Case{"UnknownElement",
+             {{"<ieq-amount", "<ieq-anoxnt"}},
+             "unknown-element@21 warning",
+             "unknown element <ieq-anoxnt> in <settings> is ignored (did you mean ieq-amount?)"},
+        Case{"UnknownAttributeFarFromAnyName",
+             {{"<tuning name=", "<tuning nxmx=\"1\" name="}},
+             "unknown-attribute@29 warning",
+             "unknown attribute nxmx of <tuning> is ignored"},
+        Case{"UnknownPresetAttribute",
+             {{"type=\"ieq\" id=", "type=\"ieq\" q=\"1\" id="}},
+             "unknown-attribute@11 warning"},
         Case{"UnknownAttribute",
              {{"isolated_band=\"true\"", "isolated_band=\"true\" q=\"1\""}},
              "unknown-attribute@36 warning"},
@@ -207,12 +229,11 @@ INSTANTIATE_TEST_SUITE_P(
                                "            <bass-enhancer-width value=\"1\"/>\n" +
                                kTuningEnd}},
              "duplicate-tuning@46 warning"},
-        Case{"PresetTwice",
-             {{"    <profile id=\"2\"",
-               "    <preset type=\"ieq\" id=\"warm\">\n        <ieq>\n            <bands>\n"
-               "                <band_ieq frequency=\"1\" target=\"1\"/>\n"
-               "            </bands>\n        </ieq>\n    </preset>\n    <profile id=\"2\""}},
-             "duplicate-preset@19 warning"},
+        Case{"PresetThreeTimes",
+             {{kProfileStart, kWarmPreset + kWarmPreset + kProfileStart}},
+             "duplicate-preset@26 warning",
+             "the IEQ presets at lines 11, 19 and 26 are all warm: each is sent, and a profile "
+             "that selects warm cannot tell which one it means"},
         Case{"BandTwice", {{"frequency=\"200\"", "frequency=\"100\""}}, "duplicate-band@13 warning"},
         Case{"EndpointInCapitals",
              {{kSpeakerSettings,
@@ -246,8 +267,10 @@ INSTANTIATE_TEST_SUITE_P(
              {{"<profile id=\"2\"", "<profile id=\"12\""}},
              "profile-id@19 warning"},
         Case{"MatrixRowsOfUnequalLength",
-             {{"coefficients=\"0,1\"", "coefficients=\"0,1,2\""}},
-             "matrix-rows@39 warning"},
+             {{"coefficients=\"0,1\"", "coefficients=\"0,1,2\"/><row coefficients=\"5\""}},
+             "matrix-rows@39 warning",
+             "<mix_matrix> has rows of 2, 3 and 1 numbers: the effect receives them as one list "
+             "and reads it by the matrix's shape"},
         Case{"ComplexEqualizerOfUnequalSides",
              {{"data=\"3,4\"", "data=\"3,4,5\""}},
              "composite-dropped@29 warning"},

@@ -146,7 +146,7 @@ TEST(ProfileParamArrayTest, TuningsAreNumberedListedByEndpointAndCopiedWhole) {
     EXPECT_EQ(buffer, "a bxxxxx");
 }
 
-TEST(ProfileParamArrayTest, QueriesRefuseANullBufferAndCopyNothingForUnknownKeys) {
+TEST(ProfileParamArrayTest, QueriesRefuseANullBufferCopyNothingForUnknownKeysAndStayInBounds) {
     ProfileParamArray store(dataFile("store-arrays.xml"));
     EXPECT_EQ(store.getProfileParams(2, nullptr), -22);
     EXPECT_EQ(store.getTuningParams("c", nullptr), -22);
@@ -160,16 +160,14 @@ TEST(ProfileParamArrayTest, QueriesRefuseANullBufferAndCopyNothingForUnknownKeys
     EXPECT_EQ(store.getTuningParams("c", out.data()), 0);
     EXPECT_EQ(out,
               (std::vector<int32_t>{out[0], 1, kDeviceBluetooth, kyrCode("beb"), 1, 3, -1, -1}));
-}
 
-TEST(ProfileParamArrayTest, BoundedCopiesWriteOnlyWhatFitsAndAlwaysTellTheSize) {
-    ProfileParamArray store(dataFile("store-arrays.xml"));
+    // The bounded copies write only what fits, and always tell the size.
     const std::vector<int32_t> c = tuningWords(store, "c");
     const std::vector<int32_t> general = profileWords(store, -1);
     const uint32_t cSize = static_cast<uint32_t>(c.size() * sizeof(int32_t));
     const uint32_t generalSize = static_cast<uint32_t>(general.size() * sizeof(int32_t));
 
-    std::vector<int32_t> out(c.size(), -1);
+    out.assign(c.size(), -1);
     EXPECT_EQ(store.copyTuningParams("c", out.data(), cSize - 1), cSize);
     EXPECT_EQ(out, std::vector<int32_t>(c.size(), -1));
     EXPECT_EQ(store.copyTuningParams("c", out.data(), cSize), cSize);
