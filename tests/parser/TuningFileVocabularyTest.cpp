@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <set>
-#include <tuple>
+#include <vector>
 
 #include "TuningFileVocabulary.h"
 
@@ -43,15 +42,6 @@ TEST(TuningFileVocabularyTest, EveryParameterButIeqIdIsFilledByExactlyOneEntry) 
     std::vector<int> expected(kNumParameters, 1);
     expected[IEQ_ID] = 0;  // an IEQ preset's type, set by the preset itself
     EXPECT_EQ(counts, expected);
-}
-
-TEST(TuningFileVocabularyTest, NamesAreUniqueWithinTheirPlace) {
-    const std::vector<VocabularyName> names = tuningFileVocabulary();
-    std::set<std::tuple<std::string, NameRole, std::string>> distinct;
-    for (const VocabularyName& name : names) {
-        distinct.emplace(name.where, name.role, name.name);
-    }
-    EXPECT_EQ(distinct.size(), names.size());
 }
 
 }  // namespace

@@ -64,5 +64,19 @@ TEST(ComposeParamsTest, GeqFrequenciesAndGainsShareTheirCodeFrequenciesFirst) {
                          {kDeviceSpeaker, kyrCode("gebs"), {0, -3}}}));
 }
 
+// The bounded form writes and counts nothing when the entries pass the room.
+TEST(ComposeParamsTest, EntriesBeyondTheRoomWriteNothing) {
+    LogCapture log;
+    ProfileParamArray store("");
+    Profile profile(0, "p", PRESET_TYPE_OFF);
+    profile.set(IEQ_AMOUNT, {5, 6});
+    std::vector<int32_t> out(5, -7);
+    int count = 3;
+    EXPECT_EQ(store.composeParams(out.data(), 4, kDeviceAll, &profile, count), -1);
+    EXPECT_EQ(out, std::vector<int32_t>(5, -7));
+    EXPECT_EQ(store.composeParams(out.data(), 5, kDeviceAll, &profile, count), 5);
+    EXPECT_EQ(count, 4);
+}
+
 }  // namespace
 }  // namespace ovela
