@@ -26,6 +26,14 @@ std::string linesText(std::vector<long> lines) {
 
 }  // namespace
 
+std::string listOf(const std::vector<std::string>& items) {
+    std::string text;
+    for (size_t i = 0; i < items.size(); ++i) {
+        text += (i == 0 ? "" : i + 1 == items.size() ? " and " : ", ") + items[i];
+    }
+    return text;
+}
+
 LoadReport::LoadReport() = default;
 
 LoadReport::~LoadReport() = default;
@@ -97,6 +105,27 @@ long LoadReport::lineOf(const void* entity) const {
 std::string LoadReport::labelOf(const void* entity) const {
     auto found = mEntities.find(entity);
     return found == mEntities.end() ? std::string() : found->second.label;
+}
+
+std::string LoadReport::linesOf(const std::vector<const void*>& entities) const {
+    std::vector<long> lines;
+    for (const void* entity : entities) {
+        lines.push_back(lineOf(entity));
+    }
+    std::sort(lines.begin(), lines.end());
+    std::vector<std::string> texts;
+    for (long line : lines) {
+        texts.push_back(std::to_string(line));
+    }
+    return "lines " + listOf(texts);
+}
+
+long LoadReport::lastLineOf(const std::vector<const void*>& entities) const {
+    long last = 0;
+    for (const void* entity : entities) {
+        last = std::max(last, lineOf(entity));
+    }
+    return last;
 }
 
 long LoadReport::recordValue(const void* entity, Parameter parameter, long line,

@@ -65,6 +65,9 @@ struct ArrayRecord {
 // After a store's load the report also keeps the model that the load read and
 // the origin of every entry of the arrays, so that tools can name what the
 // effect receives without reading the file again.
+// "a", "a and b", "a, b and c".
+std::string listOf(const std::vector<std::string>& items);
+
 class LoadReport {
   public:
     LoadReport();
@@ -101,6 +104,10 @@ class LoadReport {
     void recordEntity(const void* entity, long line, std::string label, const char* kind);
     long lineOf(const void* entity) const;
     std::string labelOf(const void* entity) const;
+    // "lines 3, 9 and 12": the lines of the entities, in order.
+    std::string linesOf(const std::vector<const void*>& entities) const;
+    // The line of the one written last.
+    long lastLineOf(const std::vector<const void*>& entities) const;
     // Records that `entity` got a value for `parameter` from the element or
     // attribute `xmlName` at `line`. Returns the line of an earlier value of
     // the same entity and parameter, 0 when there is none; the record keeps

@@ -296,15 +296,12 @@ void ReaderReport::reportMatrixRows(const xmlNode* matrix, const std::vector<siz
         std::all_of(lengths.begin(), lengths.end(), [&](size_t n) { return n == lengths[0]; })) {
         return;
     }
-    std::string counts;
-    for (size_t i = 0; i < lengths.size(); ++i) {
-        counts += (i == 0                    ? ""
-                   : i + 1 == lengths.size() ? " and "
-                                             : ", ") +
-                  std::to_string(lengths[i]);
+    std::vector<std::string> counts;
+    for (size_t length : lengths) {
+        counts.push_back(std::to_string(length));
     }
     mReport->add(kMatrixRows, xmlGetLineNo(matrix),
-                 tagOf(matrix) + " has rows of " + counts +
+                 tagOf(matrix) + " has rows of " + listOf(counts) +
                      " numbers: the effect receives them as one list and reads it by the "
                      "matrix's shape");
 }
@@ -780,19 +777,10 @@ void ReaderReport::duplicatePresets(const std::vector<const void*>& presets, Pre
     if (mReport == nullptr) {
         return;
     }
-    std::vector<long> lines;
-    for (const void* preset : presets) {
-        lines.push_back(mReport->lineOf(preset));
-    }
-    std::sort(lines.begin(), lines.end());
-    std::string list;
-    for (size_t i = 0; i < lines.size(); ++i) {
-        list += (i == 0 ? "" : i + 1 == lines.size() ? " and " : ", ") + std::to_string(lines[i]);
-    }
-    mReport->add(kDuplicatePreset, lines.back(),
-                 "the IEQ presets at lines " + list + " are all " + kPresetTypeNames[type] +
-                     ": each is sent, and a profile that selects " + kPresetTypeNames[type] +
-                     " cannot tell which one it means");
+    mReport->add(kDuplicatePreset, mReport->lastLineOf(presets),
+                 "the IEQ presets at " + mReport->linesOf(presets) + " are all " +
+                     kPresetTypeNames[type] + ": each is sent, and a profile that selects " +
+                     kPresetTypeNames[type] + " cannot tell which one it means");
 }
 
 void ReaderReport::reportEndpointSection(const xmlNode* owner, const xmlNode* section,

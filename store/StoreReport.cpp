@@ -16,14 +16,6 @@ namespace {
 // The most parts of an array that a room finding names.
 constexpr size_t kRoomParts = 4;
 
-std::string listOf(const std::vector<std::string>& items) {
-    std::string text;
-    for (size_t i = 0; i < items.size(); ++i) {
-        text += (i == 0 ? "" : i + 1 == items.size() ? " and " : ", ") + items[i];
-    }
-    return text;
-}
-
 const char* pluralOf(EntrySource source) {
     switch (source) {
         case EntrySource::PROFILE:
@@ -116,27 +108,6 @@ ArrayRecord* StoreReport::tuningRecord(const std::string& name, size_t room) {
     return &record;
 }
 
-std::string StoreReport::linesOf(const std::vector<const void*>& entities) const {
-    std::vector<long> lines;
-    for (const void* entity : entities) {
-        lines.push_back(mReport->lineOf(entity));
-    }
-    std::sort(lines.begin(), lines.end());
-    std::vector<std::string> texts;
-    for (long line : lines) {
-        texts.push_back(std::to_string(line));
-    }
-    return "lines " + listOf(texts);
-}
-
-long StoreReport::lastLineOf(const std::vector<const void*>& entities) const {
-    long last = 0;
-    for (const void* entity : entities) {
-        last = std::max(last, mReport->lineOf(entity));
-    }
-    return last;
-}
-
 void StoreReport::profileOutOfRange(const void* entity, int profile, bool reportIt) {
     if (mReport == nullptr) {
         return;
@@ -155,9 +126,10 @@ void StoreReport::duplicateProfiles(const std::map<int, std::vector<const void*>
     }
     for (const auto& [id, entities] : profiles) {
         if (entities.size() > 1) {
-            mReport->add(kDuplicateProfile, lastLineOf(entities),
+            mReport->add(kDuplicateProfile, mReport->lastLineOf(entities),
                          "profile " + std::to_string(id) + " is defined " +
-                             std::to_string(entities.size()) + " times (" + linesOf(entities) +
+                             std::to_string(entities.size()) + " times (" +
+                             mReport->linesOf(entities) +
                              "): the store sends the entries of every one in its array");
         }
     }
@@ -169,9 +141,9 @@ void StoreReport::duplicateTunings(const std::map<std::string, std::vector<const
     }
     for (const auto& [name, entities] : tunings) {
         if (entities.size() > 1) {
-            mReport->add(kDuplicateTuning, lastLineOf(entities),
+            mReport->add(kDuplicateTuning, mReport->lastLineOf(entities),
                          "tuning " + name + " is defined " + std::to_string(entities.size()) +
-                             " times (" + linesOf(entities) +
+                             " times (" + mReport->linesOf(entities) +
                              "): the store keeps one of them, and which one the file does not "
                              "decide");
         }

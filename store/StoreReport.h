@@ -82,10 +82,6 @@ class StoreReport {
                         const std::string& servedEndpoint);
     void reportComposite(const void* entity, KyrParameterId code,
                          std::initializer_list<ListOf> lists, bool sent);
-    // "lines 3 and 9"
-    std::string linesOf(const std::vector<const void*>& entities) const;
-    // The line of the one written last.
-    long lastLineOf(const std::vector<const void*>& entities) const;
 
     LoadReport* mReport;
     // Entities whose composite entry was dropped: that explains why they may

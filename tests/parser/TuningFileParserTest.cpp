@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <utility>
 
 #include "LogCapture.h"
 #include "ParserTestSupport.h"

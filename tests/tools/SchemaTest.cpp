@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 #include <libxml/xmlschemas.h>
 
-#include <memory>
-
 #include "TempFile.h"
 #include "ToolRun.h"
 #include "TuningFileCorpus.h"
