@@ -164,9 +164,13 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"NotIndented",
              {{"<data>\n            <bass", "<data><bass"}},
              "not-indented@30 warning"},
-        Case{"ProfileNotIndented",
-             {{"music\">\n        <settings>", "music\"><settings>"}},
-             "not-indented@19 warning"},
+        Case{"NotIndentedTwice",
+             {{"music\">\n        <settings>", "music\"><settings>"},
+              {"<data>\n            <bass", "<data><bass"}},
+             "not-indented@19 warning",
+             "elements come first in their parent with no line break before them, and the reader "
+             "skips the first child node of an element: they are not read (indent the file) (2 "
+             "times: lines 19, 29; 6 elements in all)"},
         Case{"CommentBeforeProfileSettings",
              {{"music\">\n", "music\"><!-- x -->\n"}},
              "position@19 warning",

@@ -144,8 +144,7 @@ TEST(OvelaTuneTest, ApplyShowsTheDefaultTuningWhereAnEndpointTakesIt) {
     const std::string tail =
         "setEndpointTuning(aux_digital, default) = 0\n"
         "# aux_digital takes the default tuning; setProfile(-1) sent its 1 entries with the "
-        "general "
-        "array:\n"
+        "general array:\n"
         "#   beb bass-enhancer-boost: 3\n";
     ASSERT_GE(run.out.size(), tail.size());
     EXPECT_EQ(run.out.substr(run.out.size() - tail.size()), tail);
