@@ -56,6 +56,9 @@ struct ArrayRecord {
     bool stored = false;
 };
 
+// "a", "a and b", "a, b and c".
+std::string listOf(const std::vector<std::string>& items);
+
 // What one load of a tuning file decided, for the people who edit the file:
 // every value that was skipped, replaced, changed, dropped or never sent, with
 // the line it came from, and whether the file loads at all. The reader and the
@@ -65,9 +68,6 @@ struct ArrayRecord {
 // After a store's load the report also keeps the model that the load read and
 // the origin of every entry of the arrays, so that tools can name what the
 // effect receives without reading the file again.
-// "a", "a and b", "a, b and c".
-std::string listOf(const std::vector<std::string>& items);
-
 class LoadReport {
   public:
     LoadReport();
