@@ -14,17 +14,6 @@ namespace ovela {
 
 namespace {
 
-PresetType ieqPresetTypeOfId(const std::string& id, bool* named) {
-    for (const auto& [word, type] : kIeqPresetIdWords) {
-        if (id.find(word) != std::string::npos) {
-            *named = true;
-            return type;
-        }
-    }
-    *named = false;
-    return kIeqPresetIdDefault;
-}
-
 // Each text holds the values of one row attribute, every value followed by a
 // comma; stores them in the layout's order.
 void storeBands(ParameterValues& preset, const NameTable<Parameter>& columns,
@@ -103,15 +92,15 @@ void TuningFileParser::parsePreset(xmlNode* preset) {
     std::unique_ptr<ParameterValues> entity;
     if (layout->kind == PresetKind::GEQ) {
         const int geqId = atoi(id.c_str());
-        mReport.number(preset, "id", id, geqId);
+        mReport.number(preset, kPresetIdAttribute, id, geqId);
         entity = std::make_unique<GeqPreset>(geqId);
         mReport.entity(
             entity.get(), preset, [&] { return "GEQ preset " + std::to_string(geqId); },
             "GEQ presets");
     } else {
-        bool named = false;
-        const PresetType presetType = ieqPresetTypeOfId(id, &named);
-        if (!named) {
+        const PresetType* named = findWordIn(kIeqPresetIdWords, id);
+        const PresetType presetType = named != nullptr ? *named : kIeqPresetIdDefault;
+        if (named == nullptr) {
             mReport.ieqPresetId(preset, id, presetType);
         }
         entity = std::make_unique<IeqPreset>(presetType);

@@ -93,10 +93,8 @@ void TuningFileParser::parseProfileEndpoint(xmlNode* endpointType, int profileId
 }
 
 PresetType TuningFileParser::getIeqPresetTypeByName(std::string name) {
-    for (const auto& [word, type] : kIncludePresetWords) {
-        if (name.find(word) != std::string::npos) {
-            return type;
-        }
+    if (const PresetType* type = findWordIn(kIncludePresetWords, name)) {
+        return *type;
     }
     READER_LOGE("name is invalid, %d", 367);
     return PRESET_TYPE_OFF;

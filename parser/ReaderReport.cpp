@@ -522,18 +522,11 @@ void ReaderReport::reportInclude(const void* profileEntity, const xmlNode* profi
         return;
     }
     reportUnknownAttributes(include, {kIncludePresetAttribute});
-    bool named = false;
-    for (const auto& [word, type] : kIncludePresetWords) {
-        named = named || presetName.find(word) != std::string::npos;
-    }
-    if (!named) {
-        std::string words;
-        for (const auto& [word, type] : kIncludePresetWords) {
-            words += (words.empty() ? "" : ", ") + std::string(word);
-        }
+    if (findWordIn(kIncludePresetWords, presetName) == nullptr) {
         mReport->add(kUnknownPreset, xmlGetLineNo(include),
                      tagOf(include) + " " + quoted(presetName) + " holds none of the words " +
-                         words + readsAs + didYouMean(presetName, knownNames(kIncludePresetWords)));
+                         wordsOf(kIncludePresetWords) + readsAs +
+                         didYouMean(presetName, knownNames(kIncludePresetWords)));
         return;
     }
     mIncludes[profileEntity] = {xmlGetLineNo(include), presetName};
@@ -554,14 +547,14 @@ void ReaderReport::selection(const void* profileEntity, PresetType type, bool de
 void ReaderReport::reportPresetType(const xmlNode* preset, const std::string& type) {
     // A profile that selects what this preset's id names is told here already.
     for (const xmlAttr* a = xml::firstAttribute(preset); a != nullptr; a = a->next) {
-        for (const auto& [word, presetType] : kIeqPresetIdWords) {
-            if (xml::nameOf(a) == "id" && xml::valueOf(a).find(word) != std::string::npos) {
-                mUnreadPresetTypes.insert(presetType);
-                break;
-            }
+        const PresetType* named = xml::nameOf(a) == kPresetIdAttribute
+                                      ? findWordIn(kIeqPresetIdWords, xml::valueOf(a))
+                                      : nullptr;
+        if (named != nullptr) {
+            mUnreadPresetTypes.insert(*named);
         }
     }
-    const std::string what = hasAttribute(preset, "type")
+    const std::string what = hasAttribute(preset, kPresetTypeAttribute)
                                  ? "type " + quoted(type) + " is not " + wordsOf(kPresetTypes)
                                  : "has no type";
     mReport->add(kUnknownPreset, xmlGetLineNo(preset),
@@ -673,7 +666,7 @@ void ReaderReport::reportPresetWithoutBands(const xmlNode* preset, const PresetL
     }
     std::string id;
     for (const xmlAttr* a = xml::firstAttribute(preset); a != nullptr; a = a->next) {
-        id = xml::nameOf(a) == "id" ? " " + quoted(xml::valueOf(a)) : id;
+        id = xml::nameOf(a) == kPresetIdAttribute ? " " + quoted(xml::valueOf(a)) : id;
     }
     mReport->add(kPresetWithoutBands, xmlGetLineNo(preset),
                  cause + ": " + tagOf(preset) + id + " gives no " + attribute +
@@ -691,8 +684,8 @@ void ReaderReport::reportTuningAttributes(const xmlNode* tuning, const std::stri
             break;
         }
     }
-    if (hasAttribute(tuning, "mono_device")) {
-        reportTruthWord(tuning, "mono_device", mono);
+    if (hasAttribute(tuning, kMonoDeviceAttribute)) {
+        reportTruthWord(tuning, kMonoDeviceAttribute, mono);
     }
 }
 

@@ -69,6 +69,18 @@ constexpr auto findByName(const Table& table, std::string_view name)
     return entry == nullptr ? nullptr : &entry->second;
 }
 
+// The value of the first entry of `table` whose word occurs anywhere in
+// `text`, or null: the preset names are searched for words in table order.
+template <typename Table>
+auto findWordIn(const Table& table, std::string_view text) -> decltype(&std::begin(table)->second) {
+    for (const auto& entry : table) {
+        if (text.find(entry.first) != std::string_view::npos) {
+            return &entry.second;
+        }
+    }
+    return nullptr;
+}
+
 // ---- Words shared by several elements ----
 
 // Setting elements hold their number or truth word here, as their first attribute.
@@ -129,9 +141,11 @@ inline constexpr NameEntry<Parameter> kGeneralEndpointElements[] = {
 enum class PresetAttribute { TYPE, ID };
 
 // Attributes of "*/preset".
+inline constexpr char kPresetTypeAttribute[] = "type";
+inline constexpr char kPresetIdAttribute[] = "id";
 inline constexpr NameEntry<PresetAttribute> kPresetAttributes[] = {
-    {"type", PresetAttribute::TYPE},
-    {"id", PresetAttribute::ID},
+    {kPresetTypeAttribute, PresetAttribute::TYPE},
+    {kPresetIdAttribute, PresetAttribute::ID},
 };
 
 // The inner wrapper of a preset's band rows, "*/preset/<kind>/bands".
@@ -293,10 +307,11 @@ inline constexpr char kDefaultTuningName[] = "default";
 
 // Attributes of "*/tuning" that describe the tuning. "endpoint_type" holds an
 // endpoint name (kEndpointNames); "mono_device" is mono only when exactly "true".
+inline constexpr char kMonoDeviceAttribute[] = "mono_device";
 inline constexpr NameEntry<TuningAttribute> kTuningAttributes[] = {
     {"name", TuningAttribute::NAME},
     {"endpoint_type", TuningAttribute::ENDPOINT_TYPE},
-    {"mono_device", TuningAttribute::MONO_DEVICE},
+    {kMonoDeviceAttribute, TuningAttribute::MONO_DEVICE},
 };
 
 // Attributes of "*/tuning" that carry values: every occurrence appends one
