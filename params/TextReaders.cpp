@@ -2,11 +2,11 @@
 
 #include <climits>
 
-namespace {
-
 bool isStreamSpace(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\v' || c == '\f' || c == '\r';
 }
+
+namespace {
 
 // Lists of up to this many values (an equalizer band list) build without reallocation.
 constexpr size_t kUsualListSize = 20;

@@ -13,6 +13,9 @@
 // the int range saturate.
 int string2int(std::string text);
 
+// White space as a classic-locale stream skips it.
+bool isStreamSpace(char c);
+
 // string2int on a view of the text, which it does not copy.
 int parseDecimal(std::string_view text);
 

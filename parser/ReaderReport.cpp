@@ -99,16 +99,12 @@ const char* ordinal(int position) {
     return position == 2 ? "2nd" : position == 4 ? "4th" : "next";
 }
 
-bool isBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\v' || c == '\f' || c == '\r';
-}
-
 // True for an optional sign and digits, with blanks around them.
 bool isWholeNumber(std::string_view text, bool* inRange) {
     size_t begin = 0;
-    while (begin < text.size() && isBlank(text[begin])) ++begin;
+    while (begin < text.size() && isStreamSpace(text[begin])) ++begin;
     size_t end = text.size();
-    while (end > begin && isBlank(text[end - 1])) --end;
+    while (end > begin && isStreamSpace(text[end - 1])) --end;
     size_t digits = begin < end && (text[begin] == '+' || text[begin] == '-') ? begin + 1 : begin;
     if (digits == end) {
         return false;
@@ -324,6 +320,14 @@ void ReaderReport::reportUnknownAttributes(const xmlNode* element, const KnownNa
     }
 }
 
+void ReaderReport::reportAttributesAfter(const xmlNode* element, const xmlAttr* first,
+                                         const char* why) {
+    for (const xmlAttr* other = first->next; other != nullptr; other = other->next) {
+        mReport->add(kUnknownAttribute, xmlGetLineNo(element),
+                     "attribute " + nameOf(other) + " of " + tagOf(element) + " is ignored" + why);
+    }
+}
+
 void ReaderReport::reportSetting(const xmlNode* element, int readAs) {
     const xmlAttr* first = xml::firstAttribute(element);
     const std::string tag = tagOf(element);
@@ -343,11 +347,7 @@ void ReaderReport::reportSetting(const xmlNode* element, int readAs) {
                                didYouMean(xml::nameOf(first), {kValueAttribute}));
         return;
     }
-    for (const xmlAttr* other = first->next; other != nullptr; other = other->next) {
-        mReport->add(kUnknownAttribute, xmlGetLineNo(element),
-                     "attribute " + nameOf(other) + " of " + tag +
-                         " is ignored: the reader reads only its value");
-    }
+    reportAttributesAfter(element, first, ": the reader reads only its value");
     reportNumber(element, kValueAttribute, xml::valueOf(first), readAs, true);
 }
 
@@ -369,11 +369,7 @@ void ReaderReport::reportRow(const xmlNode* element, const char* attributeName,
                          "names it " +
                          attributeName + didYouMean(xml::nameOf(first), {attributeName}));
     }
-    for (const xmlAttr* other = first->next; other != nullptr; other = other->next) {
-        mReport->add(kUnknownAttribute, line,
-                     "attribute " + nameOf(other) + " of " + tag +
-                         " is ignored: the reader reads only the first attribute");
-    }
+    reportAttributesAfter(element, first, ": the reader reads only the first attribute");
     if (text.find_first_not_of(", \t\r\n") == std::string::npos) {
         mReport->add(kEmptyList, line, tag + " holds no numbers: " + emptyAs);
         return;
@@ -444,10 +440,7 @@ void ReaderReport::reportEndpointType(const xmlNode* element, Endpoint readAs) {
                                didYouMean(xml::nameOf(first), {kEndpointIdAttribute}));
         return;
     }
-    for (const xmlAttr* other = first->next; other != nullptr; other = other->next) {
-        mReport->add(kUnknownAttribute, xmlGetLineNo(element),
-                     "attribute " + nameOf(other) + " of " + tag + " is ignored");
-    }
+    reportAttributesAfter(element, first, "");
     reportEndpointName(element, kEndpointIdAttribute, xml::valueOf(first), readAs);
 }
 
@@ -616,20 +609,8 @@ void ReaderReport::reportBands(const ParameterValues* preset, const PresetLayout
     }
     // The first column holds the band frequencies.
     const auto frequencies = preset->values.find(layout.rowAttributes.begin()->second);
-    if (frequencies == preset->values.end()) {
-        return;
-    }
-    const std::vector<int>& list = frequencies->second;
-    for (size_t i = 0; i < list.size(); ++i) {
-        for (size_t j = 0; j < i; ++j) {
-            if (list[j] == list[i]) {
-                mReport->add(kDuplicateBand, xmlGetLineNo(bands),
-                             mReport->labelOf(preset) + " has two bands at " +
-                                 std::to_string(list[i]) + " (bands " + std::to_string(j + 1) +
-                                 " and " + std::to_string(i + 1) + ")");
-                break;
-            }
-        }
+    if (frequencies != preset->values.end()) {
+        reportDuplicateBands(bands, mReport->labelOf(preset), frequencies->second);
     }
 }
 
@@ -753,13 +734,18 @@ void ReaderReport::reportOutputMode(const xmlNode* outputMode) {
 
 void ReaderReport::reportBandFrequencies(const void* tuningEntity, const xmlNode* table,
                                          const std::vector<int>& frequencies) {
+    reportDuplicateBands(table, tagOf(table) + " of " + mReport->labelOf(tuningEntity), frequencies);
+}
+
+void ReaderReport::reportDuplicateBands(const xmlNode* table, const std::string& what,
+                                        const std::vector<int>& frequencies) {
     for (size_t i = 0; i < frequencies.size(); ++i) {
         for (size_t j = 0; j < i; ++j) {
             if (frequencies[j] == frequencies[i]) {
                 mReport->add(kDuplicateBand, xmlGetLineNo(table),
-                             tagOf(table) + " of " + mReport->labelOf(tuningEntity) +
-                                 " has two bands at " + std::to_string(frequencies[i]) + " (bands " +
-                                 std::to_string(j + 1) + " and " + std::to_string(i + 1) + ")");
+                             what + " has two bands at " + std::to_string(frequencies[i]) +
+                                 " (bands " + std::to_string(j + 1) + " and " +
+                                 std::to_string(i + 1) + ")");
                 break;
             }
         }

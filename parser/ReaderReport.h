@@ -268,6 +268,9 @@ class ReaderReport {
     void reportMatrixRows(const xmlNode* matrix, const std::vector<size_t>& lengths);
     void reportUnknownElement(const xmlNode* element, const KnownNames& known);
     void reportUnknownAttributes(const xmlNode* element, const KnownNames& known);
+    // The attributes after `first` of `element`, which the reader ignores;
+    // `why` ends each finding.
+    void reportAttributesAfter(const xmlNode* element, const xmlAttr* first, const char* why);
     void reportSetting(const xmlNode* element, int readAs);
     void reportRow(const xmlNode* element, const char* attributeName, std::string_view text,
                    size_t values, const RowProblems& problems, const char* emptyAs);
@@ -296,6 +299,10 @@ class ReaderReport {
     void reportOutputMode(const xmlNode* outputMode);
     void reportBandFrequencies(const void* tuningEntity, const xmlNode* table,
                                const std::vector<int>& frequencies);
+    // Each band of `frequencies` whose frequency an earlier band has, in the
+    // table `table` that `what` names.
+    void reportDuplicateBands(const xmlNode* table, const std::string& what,
+                              const std::vector<int>& frequencies);
     void reportInclude(const void* profileEntity, const xmlNode* profile, const xmlNode* container,
                        const xmlNode* include, const std::string& presetName, PresetType readAs);
 

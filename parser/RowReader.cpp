@@ -1,19 +1,16 @@
 #include "RowReader.h"
 
-#include <cctype>
+#include <algorithm>
 #include <cstdlib>
+
+#include "TextReaders.h"
 
 namespace ovela {
 
 namespace {
 
 bool onlySpace(const char* begin, const char* end) {
-    for (const char* c = begin; c != end; ++c) {
-        if (!std::isspace(static_cast<unsigned char>(*c))) {
-            return false;
-        }
-    }
-    return true;
+    return std::all_of(begin, end, isStreamSpace);
 }
 
 }  // namespace
