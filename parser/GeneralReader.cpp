@@ -41,10 +41,7 @@ void TuningFileParser::parseGeneral(xmlNode* general) {
 }
 
 void TuningFileParser::parseGeneralEndpoint(xmlNode* endpointType) {
-    const Endpoint endpoint = endpointFromName(
-        xml::firstAttributeValue(endpointType, kEndpointIdAttribute), ENDPOINT_OTHER);
-    mReport.endpointType(endpointType, endpoint);
-    mReport.endpointSection(endpointType->parent->parent, endpointType, endpoint);
+    const Endpoint endpoint = readEndpointType(endpointType);
     auto entity = std::make_unique<GeneralEndpoint>(endpoint);
     mReport.entity(
         entity.get(), endpointType,

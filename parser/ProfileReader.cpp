@@ -69,10 +69,7 @@ void TuningFileParser::parseProfile(xmlNode* profile) {
 }
 
 void TuningFileParser::parseProfileEndpoint(xmlNode* endpointType, int profileId) {
-    const Endpoint endpoint = endpointFromName(
-        xml::firstAttributeValue(endpointType, kEndpointIdAttribute), ENDPOINT_OTHER);
-    mReport.endpointType(endpointType, endpoint);
-    mReport.endpointSection(endpointType->parent->parent, endpointType, endpoint);
+    const Endpoint endpoint = readEndpointType(endpointType);
     auto entity = std::make_unique<ProfileEndpoint>(profileId, endpoint);
     mReport.entity(
         entity.get(), endpointType,

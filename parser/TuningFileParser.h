@@ -119,6 +119,9 @@ class TuningFileParser {
     // The row in the element's first attribute; `emptyAs` says what an empty
     // row becomes.
     std::vector<int> readRow(xmlNode* element, const char* emptyAs);
+    // The endpoint that an "endpoint_type" section of a profile or of the
+    // general settings names by its first attribute, else other.
+    Endpoint readEndpointType(xmlNode* endpointType);
     // The matrix `name` of `parent`; `found` takes its element, or null.
     std::vector<int> readMixMatrix(const char* name, xmlNode* parent, const xmlNode** found);
     // Stores `list` under `parameter` of `entity`, read from `node`.

@@ -18,6 +18,16 @@ namespace {
 // Equalizer and regulator tables have up to 20 bands.
 constexpr size_t kBandCapacity = 20;
 
+// The number in `attribute` of `element`, read as string2int reads it; the
+// report learns what it read.
+int numberIn(const xmlNode* element, const xmlAttr* attribute, ReaderReport& report) {
+    std::string storage;
+    const std::string_view text = xml::textOf(attribute, storage);
+    const int value = parseDecimal(text);
+    report.number(element, xml::nameOf(attribute), text, value);
+    return value;
+}
+
 }  // namespace
 
 // The lists that gather over the whole data element: the band columns, which
@@ -91,15 +101,14 @@ void readBandRows(Tuning& tuning, xmlNode* element, const char* name,
             if (column == nullptr) {
                 continue;
             }
-            std::string storage;
-            const std::string_view value = xml::textOf(attribute, storage);
             int number = 0;
             if (column->value == BandValue::TRUE_WORD) {
+                std::string storage;
+                const std::string_view value = xml::textOf(attribute, storage);
                 number = value == kTrueWord;
                 report.truthWord(row, xml::nameOf(attribute), value);
             } else {
-                number = parseDecimal(value);
-                report.number(row, xml::nameOf(attribute), value, number);
+                number = numberIn(row, attribute, report);
             }
             held.of(column->parameter).push_back(number);
             report.gathered(&tuning, column->parameter, row, name, xml::nameOf(attribute));
@@ -125,21 +134,15 @@ void TuningFileParser::readDataElement(Tuning& tuning, xmlNode* element, HeldLis
         for (xmlAttr* attribute = element->properties; attribute != nullptr;
              attribute = attribute->next) {
             if (const Parameter* parameter = findByName(*attributes, xml::nameOf(attribute))) {
-                std::string storage;
-                const std::string_view text = xml::textOf(attribute, storage);
-                const int value = parseDecimal(text);
-                mReport.number(element, xml::nameOf(attribute), text, value);
-                store(tuning, *parameter, {value}, element, view, xml::nameOf(attribute));
+                store(tuning, *parameter, {numberIn(element, attribute, mReport)}, element, view,
+                      xml::nameOf(attribute));
             }
         }
     } else if (const Parameter* parameter = findByName(kTuningAttributeListElements, view)) {
         std::vector<int> list;
         for (xmlAttr* attribute = element->properties; attribute != nullptr;
              attribute = attribute->next) {
-            std::string storage;
-            const std::string_view text = xml::textOf(attribute, storage);
-            list.push_back(parseDecimal(text));
-            mReport.number(element, xml::nameOf(attribute), text, list.back());
+            list.push_back(numberIn(element, attribute, mReport));
         }
         if (list.empty()) {
             mReport.add(rules::kEmptyList, element,

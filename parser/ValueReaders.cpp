@@ -106,6 +106,14 @@ std::vector<int> TuningFileParser::readMixMatrix(const char* name, xmlNode* pare
     return matrixOf(name, parent, mReport, found);
 }
 
+Endpoint TuningFileParser::readEndpointType(xmlNode* endpointType) {
+    const Endpoint endpoint = endpointFromName(
+        xml::firstAttributeValue(endpointType, kEndpointIdAttribute), ENDPOINT_OTHER);
+    mReport.endpointType(endpointType, endpoint);
+    mReport.endpointSection(endpointType->parent->parent, endpointType, endpoint);
+    return endpoint;
+}
+
 void TuningFileParser::store(ParameterValues& entity, Parameter parameter, std::vector<int> list,
                              const xmlNode* node, std::string_view name,
                              std::string_view attribute) {
