@@ -2,6 +2,9 @@
 #define OVELA_COMPOSITE_ENTRIES_H
 
 #include <cstddef>
+#include <initializer_list>
+#include <utility>
+#include <vector>
 
 #include "KyrParameterId.h"
 #include "Parameter.h"
@@ -38,6 +41,21 @@ inline constexpr CompositeEntry kCompositeEntries[] = {
       REGULATOR_ISOLATED_BAND},
      4},
 };
+
+// One list of an entity that a composite entry is made of.
+using ListOf = std::pair<Parameter, const std::vector<int>*>;
+
+// Whether a composite entry is sent: every one of its lists holds values, and
+// all hold the same number of them.
+inline bool sameBandCount(std::initializer_list<ListOf> lists) {
+    const size_t bands = lists.begin()->second->size();
+    for (const auto& [parameter, list] : lists) {
+        if (list->empty() || list->size() != bands) {
+            return false;
+        }
+    }
+    return true;
+}
 
 }  // namespace ovela
 

@@ -267,11 +267,12 @@ class Load {
         for (IeqPreset* preset : data.getIeqPresets()) {
             const std::vector<int>& frequencies = valuesOf(*preset, IEQ_FREQUENCY);
             const std::vector<int>& targets = valuesOf(*preset, IEQ_TARGET);
-            const bool sent = !frequencies.empty() && frequencies.size() == targets.size();
+            const std::initializer_list<ListOf> bands = {{IEQ_FREQUENCY, &frequencies},
+                                                         {IEQ_TARGET, &targets}};
+            const bool sent = sameBandCount(bands);
             if (mReport) {
                 mReport.get()->markUsed(preset);
-                mReport.composite(preset, kIeqBandsCode,
-                                  {{IEQ_FREQUENCY, &frequencies}, {IEQ_TARGET, &targets}}, sent);
+                mReport.composite(preset, kIeqBandsCode, bands, sent);
                 general().setOrigin(EntrySource::IEQ_PRESET, mReport.get()->lineOf(preset),
                                     mReport.get()->labelOf(preset));
             }

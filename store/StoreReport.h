@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "CompositeEntries.h"
 #include "Endpoint.h"
 #include "KyrParameterId.h"
 #include "LoadReport.h"
@@ -21,9 +22,6 @@ namespace ovela {
 
 class ArrayBuilder;
 class ParameterValues;
-
-// One list of an entity that a composite entry is made of.
-using ListOf = std::pair<Parameter, const std::vector<int>*>;
 
 class StoreReport {
   public:

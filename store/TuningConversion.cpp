@@ -29,17 +29,6 @@ constexpr int32_t kStereoChannels = 2;
 constexpr size_t kFileSibilanceBands = 5;
 constexpr int32_t kSibilancePadding[] = {0};
 
-// True when every list holds values and all hold the same number of them.
-bool sameBandCount(std::initializer_list<const std::vector<int>*> lists) {
-    size_t bands = (*lists.begin())->size();
-    for (const std::vector<int>* list : lists) {
-        if (list->empty() || list->size() != bands) {
-            return false;
-        }
-    }
-    return true;
-}
-
 // Builds the composite entries of one tuning into one builder.
 class Composites {
   public:
@@ -49,9 +38,8 @@ class Composites {
     void complexEqualizer() {
         const std::vector<int>& left = list(COMPLEX_EQUALIZER_TUNING_LEFT);
         const std::vector<int>& right = list(COMPLEX_EQUALIZER_TUNING_RIGHT);
-        if (!sent(kComplexEqualizerCode,
-                  {{COMPLEX_EQUALIZER_TUNING_LEFT, &left}, {COMPLEX_EQUALIZER_TUNING_RIGHT, &right}},
-                  {&left, &right})) {
+        if (!sent(kComplexEqualizerCode, {{COMPLEX_EQUALIZER_TUNING_LEFT, &left},
+                                          {COMPLEX_EQUALIZER_TUNING_RIGHT, &right}})) {
             return;
         }
         const int32_t head[] = {kStereoChannels, static_cast<int32_t>(left.size())};
@@ -63,8 +51,7 @@ class Composites {
         const std::vector<int>& right = list(REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_RIGHT);
         if (!sent(kSibilanceSuppressionCode,
                   {{REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_LEFT, &left},
-                   {REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_RIGHT, &right}},
-                  {&left, &right})) {
+                   {REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_RIGHT, &right}})) {
             return;
         }
         const bool padded = left.size() == kFileSibilanceBands;
@@ -77,11 +64,9 @@ class Composites {
         const std::vector<int>& frequencies = list(AUDIO_OPTIMIZER_FREQUENCY);
         const std::vector<int>& left = list(AUDIO_OPTIMIZER_GAIN_L);
         const std::vector<int>& right = list(AUDIO_OPTIMIZER_GAIN_R);
-        if (!sent(kAudioOptimizerCode,
-                  {{AUDIO_OPTIMIZER_FREQUENCY, &frequencies},
-                   {AUDIO_OPTIMIZER_GAIN_L, &left},
-                   {AUDIO_OPTIMIZER_GAIN_R, &right}},
-                  {&frequencies, &left, &right})) {
+        if (!sent(kAudioOptimizerCode, {{AUDIO_OPTIMIZER_FREQUENCY, &frequencies},
+                                        {AUDIO_OPTIMIZER_GAIN_L, &left},
+                                        {AUDIO_OPTIMIZER_GAIN_R, &right}})) {
             return;
         }
         // Here the effect wants the band count before the channel count.
@@ -105,12 +90,10 @@ class Composites {
         const std::vector<int>& low = list(REGULATOR_THRESHOLD_LOW);
         const std::vector<int>& high = list(REGULATOR_THRESHOLD_HIGH);
         const std::vector<int>& isolated = list(REGULATOR_ISOLATED_BAND);
-        if (!sent(kRegulatorBandsCode,
-                  {{REGULATOR_FREQUENCY, &frequencies},
-                   {REGULATOR_THRESHOLD_LOW, &low},
-                   {REGULATOR_THRESHOLD_HIGH, &high},
-                   {REGULATOR_ISOLATED_BAND, &isolated}},
-                  {&frequencies, &low, &high, &isolated})) {
+        if (!sent(kRegulatorBandsCode, {{REGULATOR_FREQUENCY, &frequencies},
+                                        {REGULATOR_THRESHOLD_LOW, &low},
+                                        {REGULATOR_THRESHOLD_HIGH, &high},
+                                        {REGULATOR_ISOLATED_BAND, &isolated}})) {
             return;
         }
         const int32_t head[] = {static_cast<int32_t>(frequencies.size())};
@@ -120,10 +103,11 @@ class Composites {
   private:
     const std::vector<int>& list(Parameter parameter) { return valuesOf(mTuning, parameter); }
 
-    bool sent(KyrParameterId code, std::initializer_list<ListOf> named,
-              std::initializer_list<const std::vector<int>*> lists) {
+    // Whether the composite `code` goes into the array: its lists give the
+    // same number of values each. The report learns of it either way.
+    bool sent(KyrParameterId code, std::initializer_list<ListOf> lists) {
         const bool same = sameBandCount(lists);
-        mReport.composite(&mTuning, code, named, same);
+        mReport.composite(&mTuning, code, lists, same);
         return same;
     }
 
