@@ -86,6 +86,21 @@ TuningFileParser::~TuningFileParser() {
     delete mDeviceData;
 }
 
+bool TuningFileParser::hasPath() {
+    if (mTuningFilePath.empty()) {
+        ALOGE("invalide tuning file path, %d", 125);
+        mReport.add(rules::kFileUnreadable, nullptr, "no tuning file given");
+        return false;
+    }
+    return true;
+}
+
+int TuningFileParser::rootMissing() {
+    ALOGE("fail to call xmlDocGetRootElement, %d", 144);
+    mReport.add(rules::kNoRoot, nullptr, "the document has no root element");
+    return -19;
+}
+
 int TuningFileParser::setTuningFile(std::string path) {
     return setTuningFile(std::move(path), nullptr);
 }
@@ -93,9 +108,7 @@ int TuningFileParser::setTuningFile(std::string path) {
 int TuningFileParser::setTuningFile(std::string path, LoadReport* report) {
     AttachedReport attached(mReport, report);
     mTuningFilePath = std::move(path);
-    if (mTuningFilePath.empty()) {
-        ALOGE("invalide tuning file path, %d", 125);
-        mReport.add(rules::kFileUnreadable, nullptr, "no tuning file given");
+    if (!hasPath()) {
         return -22;
     }
     std::string source;
@@ -167,9 +180,7 @@ int TuningFileParser::parseSource(const std::string& source) {
     held.release();
     if (!hasRoot) {
         restore(before);
-        ALOGE("fail to call xmlDocGetRootElement, %d", 144);
-        mReport.add(rules::kNoRoot, nullptr, "the document has no root element");
-        return -19;
+        return rootMissing();
     }
     if (mLoadFailed) {
         restore(before);
@@ -192,9 +203,7 @@ void TuningFileParser::restore(const TuningFileContents& before) {
 }
 
 int TuningFileParser::initXmlParser() {
-    if (mTuningFilePath.empty()) {
-        ALOGE("invalide tuning file path, %d", 125);
-        mReport.add(rules::kFileUnreadable, nullptr, "no tuning file given");
+    if (!hasPath()) {
         return -22;
     }
     // No options: the whitespace text nodes stay in the tree, and the section
@@ -214,9 +223,7 @@ int TuningFileParser::initXmlParser() {
     mDocument.reset(document);
     mRootElement = xmlDocGetRootElement(document);
     if (mRootElement == nullptr) {
-        ALOGE("fail to call xmlDocGetRootElement, %d", 144);
-        mReport.add(rules::kNoRoot, nullptr, "the document has no root element");
-        return -19;
+        return rootMissing();
     }
     return 0;
 }

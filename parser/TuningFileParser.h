@@ -106,6 +106,10 @@ class TuningFileParser {
     // Parses a document from its bytes, section by section as they stream
     // in, with the same taking back; 0, -22 or -19.
     int parseSource(const std::string& source);
+    // False, logged and reported, when no path was given.
+    bool hasPath();
+    // Logs and reports a document without a root element; returns -19.
+    int rootMissing();
     // Deletes what was added since `before` and puts it back.
     void restore(const TuningFileContents& before);
     // Reads one child element of the root.
