@@ -107,18 +107,22 @@ FileContents describe(LoadedFile& file) {
         contents.arrays.push_back(std::move(named));
     }
 
+    // Each endpoint's list, asked once: a tuning is for the endpoint that
+    // lists it.
+    std::vector<std::vector<std::string>> listed;
+    std::map<std::string, Endpoint> endpointOf;
+    for (size_t e = 0; e < kNumEndpoints; ++e) {
+        listed.push_back(availableTunings(store, static_cast<Endpoint>(e)));
+        for (const std::string& name : listed.back()) {
+            endpointOf[name] = static_cast<Endpoint>(e);
+        }
+    }
     std::vector<std::string> tunings = allTunings(store);
     std::sort(tunings.begin(), tunings.end());
     for (const std::string& name : tunings) {
         if (const std::optional<PackedArray> array = tuningArray(store, name)) {
-            Endpoint endpoint = ENDPOINT_SPEAKER;
-            for (size_t e = 0; e < kNumEndpoints; ++e) {
-                const std::vector<std::string> listed =
-                    availableTunings(store, static_cast<Endpoint>(e));
-                if (std::find(listed.begin(), listed.end(), name) != listed.end()) {
-                    endpoint = static_cast<Endpoint>(e);
-                }
-            }
+            const auto found = endpointOf.find(name);
+            const Endpoint endpoint = found == endpointOf.end() ? ENDPOINT_SPEAKER : found->second;
             contents.arrays.push_back(
                 {ArrayKind::TUNING,
                  array->header,
@@ -134,7 +138,7 @@ FileContents describe(LoadedFile& file) {
     for (size_t e = 0; e < kNumEndpoints; ++e) {
         const auto endpoint = static_cast<Endpoint>(e);
         contents.endpoints.push_back(
-            {endpoint, recordedTuning(store, endpoint), availableTunings(store, endpoint)});
+            {endpoint, recordedTuning(store, endpoint), listed[e]});
         for (const NamedEntry& entry : contents.defaultTuning) {
             if (entry.device == deviceForEndpoint(endpoint)) {
                 contents.defaultServes.push_back(endpoint);
