@@ -89,6 +89,8 @@ inline constexpr char kValueAttribute[] = "value";
 // which the reader reads whatever its name; the format calls it so.
 inline constexpr char kRowAttribute[] = "data";
 inline constexpr char kTrueWord[] = "true";
+// Band rows give their band's frequency in this attribute, their first column.
+inline constexpr char kBandFrequencyAttribute[] = "frequency";
 inline constexpr char kFalseWord[] = "false";
 inline constexpr NameEntry<int> kTruthWords[] = {{kTrueWord, 1}, {kFalseWord, 0}};
 
@@ -154,14 +156,14 @@ inline constexpr char kPresetBandsElement[] = "bands";
 // Attributes of an IEQ band row, "*/preset/ieq/bands/band_ieq". Values of one
 // attribute are gathered across rows, and stored in this order.
 inline constexpr NameEntry<Parameter> kIeqBandAttributes[] = {
-    {"frequency", IEQ_FREQUENCY},
+    {kBandFrequencyAttribute, IEQ_FREQUENCY},
     {"target", IEQ_TARGET},
 };
 
 // Attributes of a GEQ band row, "*/preset/geq/bands/band_geq"; the reader
 // takes every element there as a row.
 inline constexpr NameEntry<Parameter> kGeqBandAttributes[] = {
-    {"frequency", GEQ_FREQUENCY},
+    {kBandFrequencyAttribute, GEQ_FREQUENCY},
     {"gain", GEQ_GAIN},
 };
 
@@ -432,7 +434,7 @@ struct BandColumn {
 
 // Attributes of the rows of "*/tuning/data/audio-optimizer-bands".
 inline constexpr NameEntry<BandColumn> kAudioOptimizerBandAttributes[] = {
-    {"frequency", {AUDIO_OPTIMIZER_FREQUENCY, BandValue::NUMBER}},
+    {kBandFrequencyAttribute, {AUDIO_OPTIMIZER_FREQUENCY, BandValue::NUMBER}},
     {"gain_left", {AUDIO_OPTIMIZER_GAIN_L, BandValue::NUMBER}},
     {"gain_right", {AUDIO_OPTIMIZER_GAIN_R, BandValue::NUMBER}},
     {"gain_left_surround", {AUDIO_OPTIMIZER_GAIN_LS, BandValue::NUMBER}},
@@ -441,7 +443,7 @@ inline constexpr NameEntry<BandColumn> kAudioOptimizerBandAttributes[] = {
 
 // Attributes of the rows of "*/tuning/data/regulator-tuning".
 inline constexpr NameEntry<BandColumn> kRegulatorBandAttributes[] = {
-    {"frequency", {REGULATOR_FREQUENCY, BandValue::NUMBER}},
+    {kBandFrequencyAttribute, {REGULATOR_FREQUENCY, BandValue::NUMBER}},
     {"threshold_low", {REGULATOR_THRESHOLD_LOW, BandValue::NUMBER}},
     {"threshold_high", {REGULATOR_THRESHOLD_HIGH, BandValue::NUMBER}},
     {"isolated_band", {REGULATOR_ISOLATED_BAND, BandValue::TRUE_WORD}},

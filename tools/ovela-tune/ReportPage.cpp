@@ -243,12 +243,12 @@ std::string bandCharts(Tuning& tuning, const std::string& id, const LoadReport& 
                         "value (as in the file)", {}};
         std::vector<double> frequencies;
         for (const auto& [name, column] : columns) {
-            if (std::string(name) == "frequency") {
+            if (std::string(name) == kBandFrequencyAttribute) {
                 frequencies = valuesOf(tuning, column.parameter);
             }
         }
         for (const auto& [name, column] : columns) {
-            if (std::string(name) != "frequency" && column.value == BandValue::NUMBER &&
+            if (std::string(name) != kBandFrequencyAttribute && column.value == BandValue::NUMBER &&
                 !valuesOf(tuning, column.parameter).empty()) {
                 chart.series.push_back(series(report, tuning, column.parameter, name, frequencies));
             }

@@ -248,7 +248,7 @@ void writeBandList(SchemaWriter& xsd, const std::string& name, const char* rowNa
     xsd.close();
     xsd.close();
     xsd.close();
-    xsd.unique(name + "-" + rowName, rowName, "@frequency");
+    xsd.unique(name + "-" + rowName, rowName, std::string("@") + kBandFrequencyAttribute);
     xsd.close();
 }
 
