@@ -1,6 +1,8 @@
 #include "BenchSupport.h"
 
 #include <android/log.h>
+#include <libxml/parser.h>
+#include <libxml/tree.h>
 #include <libxml/xmlerror.h>
 #include <ovela/Endpoint.h>
 #include <ovela/OvlProfileId.h>
@@ -23,6 +25,12 @@ void dropXmlMessage(void*, const char*, ...) {}
 void silenceDiagnostics() {
     __android_log_set_logger(dropLogLine);
     xmlSetGenericErrorFunc(nullptr, dropXmlMessage);
+}
+
+void parseOnly(const std::string& path) {
+    xmlDoc* document = xmlReadFile(path.c_str(), nullptr, 0);
+    benchmark::DoNotOptimize(document);
+    xmlFreeDoc(document);
 }
 
 int64_t fileSize(const std::string& path) {

@@ -16,6 +16,10 @@ namespace ovela::bench {
 // benchmarks time the work and not the printing.
 void silenceDiagnostics();
 
+// The yardstick of a load: libxml2's own parse of the file with its default
+// options (xmlReadFile with none), then the tree freed.
+void parseOnly(const std::string& path);
+
 // Size of the file at `path` in bytes.
 int64_t fileSize(const std::string& path);
 

@@ -3,8 +3,6 @@
 // sweep_benchmark times the two in turns.
 
 #include <benchmark/benchmark.h>
-#include <libxml/parser.h>
-#include <libxml/tree.h>
 #include <ovela/ProfileParamArray.h>
 
 #include <string>
@@ -15,12 +13,6 @@
 namespace ovela::bench {
 
 namespace {
-
-void parseOnly(const std::string& path) {
-    xmlDoc* document = xmlReadFile(path.c_str(), nullptr, 0);
-    benchmark::DoNotOptimize(document);
-    xmlFreeDoc(document);
-}
 
 void setFileCounters(benchmark::State& state, const std::string& path) {
     state.counters["file_bytes"] = static_cast<double>(fileSize(path));

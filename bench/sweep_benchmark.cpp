@@ -5,8 +5,6 @@
 // heap counted gives the peak of the heap during a load.
 
 #include <benchmark/benchmark.h>
-#include <libxml/parser.h>
-#include <libxml/tree.h>
 #include <ovela/ProfileParamArray.h>
 
 #include <chrono>
@@ -22,12 +20,6 @@ namespace ovela::bench {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-void parseOnly(const std::string& path) {
-    xmlDoc* document = xmlReadFile(path.c_str(), nullptr, 0);
-    benchmark::DoNotOptimize(document);
-    xmlFreeDoc(document);
-}
 
 // The most bytes in use at once while `work` runs, beyond those in use before.
 template <typename Work>
