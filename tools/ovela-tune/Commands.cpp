@@ -1,8 +1,8 @@
 #include "Commands.h"
 
 #include <android/log.h>
-#include <ovela/OvlProfileId.h>
 #include <libxml/xmlerror.h>
+#include <ovela/OvlProfileId.h>
 
 #include <algorithm>
 

@@ -169,8 +169,9 @@ void printJson(const FileContents& contents, const DumpSelection& selection, std
         }
     }
     if (defaultTuningWanted(selection)) {
-        document[kDefaultTuningName] = {{"serves", endpointNames(contents.defaultServes)},
-                               {"entries", entriesToJson(contents.defaultTuning, selection.raw)}};
+        document[kDefaultTuningName] = {
+            {"serves", endpointNames(contents.defaultServes)},
+            {"entries", entriesToJson(contents.defaultTuning, selection.raw)}};
     }
     out << document.dump(2) << "\n";
 }

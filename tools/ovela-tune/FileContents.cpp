@@ -137,8 +137,7 @@ FileContents describe(LoadedFile& file) {
 
     for (size_t e = 0; e < kNumEndpoints; ++e) {
         const auto endpoint = static_cast<Endpoint>(e);
-        contents.endpoints.push_back(
-            {endpoint, recordedTuning(store, endpoint), listed[e]});
+        contents.endpoints.push_back({endpoint, recordedTuning(store, endpoint), listed[e]});
         for (const NamedEntry& entry : contents.defaultTuning) {
             if (entry.device == deviceForEndpoint(endpoint)) {
                 contents.defaultServes.push_back(endpoint);
