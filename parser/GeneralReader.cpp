@@ -21,7 +21,7 @@ void TuningFileParser::parseGeneral(xmlNode* general) {
         mReport.replaced(mContents.general, general, "the general section");
         mContents.replacedGenerals.push_back(mContents.general);
     }
-    mContents.general = new General();
+    mContents.general = mArena.make<General>();
     mReport.entity(
         mContents.general, general, [] { return "the general section"; }, "general sections");
     mReport.descend(wrapper);
@@ -42,7 +42,7 @@ void TuningFileParser::parseGeneral(xmlNode* general) {
 
 void TuningFileParser::parseGeneralEndpoint(xmlNode* endpointType) {
     const Endpoint endpoint = readEndpointType(endpointType);
-    auto entity = std::make_unique<GeneralEndpoint>(endpoint);
+    EntityArena::Ptr<GeneralEndpoint> entity(mArena.make<GeneralEndpoint>(endpoint));
     mReport.entity(
         entity.get(), endpointType,
         [&] { return std::string("the general section of ") + kEndpointNames[endpoint]; },

@@ -19,17 +19,17 @@ const char* severityName(Severity severity) {
 using namespace rules;
 
 const LoadRule* const kLoadRules[] = {
-    &kFileUnreadable,    &kXmlSyntax,        &kNoRoot,           &kPresetWithoutBands,
-    &kArrayRoom,         &kXmlWarning,       &kNotIndented,      &kPosition,
-    &kPositionalName,    &kNotRead,          &kUnknownElement,   &kUnknownAttribute,
-    &kAttributeName,     &kMissingValue,     &kNotANumber,       &kTruthWord,
-    &kNumberRange,       &kEmptyField,       &kEmptyList,        &kDuplicateElement,
-    &kDuplicateSection,  &kDuplicateProfile, &kDuplicateTuning,  &kDuplicatePreset,
-    &kDuplicateBand,     &kUnknownEndpoint,  &kUnknownPreset,    &kIncludeMissing,
-    &kIncludeUndefined,  &kNoData,           &kEmptyTuning,      &kTuningEndpoint,
-    &kProfileId,         &kMatrixRows,       &kCompositeDropped, &kEntityExpansion,
-    &kNeverSent,         &kDefaultTuning,    &kNoTuning,         &kMonoSpeaker,
-    &kEntityDeclaration,
+    &kFileUnreadable,   &kFileSize,         &kDocumentSize,       &kAttributeCount,
+    &kXmlSyntax,        &kNoRoot,           &kPresetWithoutBands, &kArrayRoom,
+    &kXmlWarning,       &kNotIndented,      &kPosition,           &kPositionalName,
+    &kNotRead,          &kUnknownElement,   &kUnknownAttribute,   &kAttributeName,
+    &kMissingValue,     &kNotANumber,       &kTruthWord,          &kNumberRange,
+    &kEmptyField,       &kEmptyList,        &kDuplicateElement,   &kDuplicateSection,
+    &kDuplicateProfile, &kDuplicateTuning,  &kDuplicatePreset,    &kDuplicateBand,
+    &kUnknownEndpoint,  &kUnknownPreset,    &kIncludeMissing,     &kIncludeUndefined,
+    &kNoData,           &kEmptyTuning,      &kTuningEndpoint,     &kProfileId,
+    &kMatrixRows,       &kCompositeDropped, &kEntityExpansion,    &kNeverSent,
+    &kDefaultTuning,    &kNoTuning,         &kMonoSpeaker,        &kEntityDeclaration,
 };
 const size_t kLoadRuleCount = std::size(kLoadRules);
 

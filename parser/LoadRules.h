@@ -26,7 +26,13 @@ namespace rules {
 
 // ---- The file does not load
 inline constexpr LoadRule kFileUnreadable{"file-unreadable", Severity::ERROR,
-                                          "no such file, or a directory"};
+                                          "no such file, a directory, a FIFO or a device"};
+inline constexpr LoadRule kFileSize{"file-size", Severity::ERROR,
+                                    "a tuning file past 64 MiB on disk"};
+inline constexpr LoadRule kDocumentSize{"document-size", Severity::ERROR,
+                                        "a compressed tuning file past 64 MiB once decompressed"};
+inline constexpr LoadRule kAttributeCount{"attribute-count", Severity::ERROR,
+                                          "an element with more than 256 attributes"};
 inline constexpr LoadRule kXmlSyntax{"xml-syntax", Severity::ERROR,
                                      "<profile id=1> (not well-formed XML)"};
 inline constexpr LoadRule kNoRoot{"no-root", Severity::ERROR, "a document without a root element"};

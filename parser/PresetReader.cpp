@@ -89,11 +89,11 @@ void TuningFileParser::parsePreset(xmlNode* preset) {
     mReport.descend(bands);
     mReport.bandRows(bands, *layout);
 
-    std::unique_ptr<ParameterValues> entity;
+    EntityArena::Ptr<ParameterValues> entity;
     if (layout->kind == PresetKind::GEQ) {
         const int geqId = atoi(id.c_str());
         mReport.number(preset, kPresetIdAttribute, id, geqId);
-        entity = std::make_unique<GeqPreset>(geqId);
+        entity.reset(mArena.make<GeqPreset>(geqId));
         mReport.entity(
             entity.get(), preset, [&] { return "GEQ preset " + std::to_string(geqId); },
             "GEQ presets");
@@ -103,7 +103,7 @@ void TuningFileParser::parsePreset(xmlNode* preset) {
         if (named == nullptr) {
             mReport.ieqPresetId(preset, id, presetType);
         }
-        entity = std::make_unique<IeqPreset>(presetType);
+        entity.reset(mArena.make<IeqPreset>(presetType));
         mReport.entity(
             entity.get(), preset,
             [&] { return std::string("IEQ preset ") + kPresetTypeNames[presetType]; },

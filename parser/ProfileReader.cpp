@@ -48,7 +48,7 @@ void TuningFileParser::parseProfile(xmlNode* profile) {
     const PresetType preset = getIeqPresetTypeByName(presetName);
     mContents.profileNames[id] = name;
 
-    auto entity = std::make_unique<Profile>(id, name, preset);
+    EntityArena::Ptr<Profile> entity(mArena.make<Profile>(id, name, preset));
     mReport.entity(
         entity.get(), profile, [&] { return "profile " + std::to_string(id); }, "profiles");
     mReport.include(entity.get(), profile, container, include, presetName, preset);
@@ -70,7 +70,7 @@ void TuningFileParser::parseProfile(xmlNode* profile) {
 
 void TuningFileParser::parseProfileEndpoint(xmlNode* endpointType, int profileId) {
     const Endpoint endpoint = readEndpointType(endpointType);
-    auto entity = std::make_unique<ProfileEndpoint>(profileId, endpoint);
+    EntityArena::Ptr<ProfileEndpoint> entity(mArena.make<ProfileEndpoint>(profileId, endpoint));
     mReport.entity(
         entity.get(), endpointType,
         [&] { return "profile " + std::to_string(profileId) + " on " + kEndpointNames[endpoint]; },

@@ -4,22 +4,11 @@
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <libxml/uri.h>
-#include <libxml/xmlIO.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <cstring>
 
 namespace ovela {
-
-namespace {
-
-// The most bytes that one read of the file asks for, and the size of the
-// pieces in which a compressed file's bytes follow.
-constexpr size_t kLargestRead = 1 << 30;
-constexpr size_t kPieceSize = 64 << 10;
-
-}  // namespace
 
 // The bytes of a document, handed to the parser piece by piece as it asks.
 // A parser that reads its whole input from one buffer would meet libxml2's
@@ -36,39 +25,6 @@ struct SectionStream::Input {
     const std::string& bytes;
     size_t at;
 };
-
-bool readTuningFileBytes(const std::string& path, std::string* bytes) {
-    // libxml2's input layer opens the file (or its compressed form), and its
-    // read callback fills the bytes directly, a plain file's in one piece.
-    xmlParserInputBufferPtr input =
-        xmlParserInputBufferCreateFilename(path.c_str(), XML_CHAR_ENCODING_NONE);
-    if (input == nullptr || input->readcallback == nullptr) {
-        xmlFreeParserInputBuffer(input);
-        return false;
-    }
-    struct stat status;
-    const size_t expected = stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode)
-                                ? static_cast<size_t>(status.st_size)
-                                : 0;
-    // A plain file's bytes come in one read; what a compressed one gives
-    // beyond its size on disk follows in pieces.
-    bytes->resize(expected);
-    size_t filled = 0;
-    int read = 1;
-    while (filled < expected && read > 0) {
-        read = input->readcallback(input->context, bytes->data() + filled,
-                                   static_cast<int>(std::min(expected - filled, kLargestRead)));
-        filled += std::max(read, 0);
-    }
-    bytes->resize(filled);
-    char piece[kPieceSize];
-    while (read > 0) {
-        read = input->readcallback(input->context, piece, sizeof(piece));
-        bytes->append(piece, std::max(read, 0));
-    }
-    xmlFreeParserInputBuffer(input);
-    return read == 0;
-}
 
 SectionStream::SectionStream(int options) : mOptions(options) {}
 

@@ -11,11 +11,6 @@
 // interface.
 namespace ovela {
 
-// The bytes of the file at `path`, read as xmlReadFile reads them (through
-// libxml2's input layer, so a compressed file reads uncompressed); false when
-// the file cannot be opened or read.
-bool readTuningFileBytes(const std::string& path, std::string* bytes);
-
 // Parses a document with libxml2's own parser and tree builder, so that the
 // tree is the one xmlReadFile builds with the same options, but hands over
 // each child element of the root as soon as it is complete, whitespace text

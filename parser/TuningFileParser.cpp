@@ -5,14 +5,17 @@
 #include <libxml/parser.h>
 #include <libxml/tree.h>
 #include <log/log.h>
-#include <utils/Mutex.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <iterator>
 #include <utility>
 
 #include "LoadReport.h"
+#include "MarkupScan.h"
 #include "ReaderLog.h"
 #include "SectionStream.h"
+#include "TuningFileBytes.h"
 #include "TuningFileVocabulary.h"
 #include "XmlDocumentReport.h"
 #include "XmlNodes.h"
@@ -21,14 +24,19 @@ namespace ovela {
 
 namespace {
 
-// libxml2 keeps state for the whole process (its dictionaries' lock, its
-// encoding handlers), which xmlCleanupParser in every reader's destructor
-// resets: readers in several threads take turns for the calls that use it.
-android::Mutex& libxmlLock() {
-    // Never destroyed: a reader may go after the static objects do.
-    static android::Mutex* const lock = new android::Mutex();
-    return *lock;
-}
+// libxml2 sets up its state for the whole process once, when the library is
+// loaded: the dynamic linker runs this before any thread of ours parses, and
+// libxml2's own first-use setup is not safe against two threads at once. The
+// reader never calls xmlCleanupParser, which would reset that state under any
+// other user of libxml2 in the process (the audio server has its own
+// configuration loaders), so readers in several threads parse side by side.
+[[maybe_unused]] const bool kLibxmlReady = (xmlInitParser(), true);
+
+// Room for one entity of any kind, with what its alignment may waste.
+constexpr size_t kEntityRoom =
+    std::max({sizeof(General), sizeof(GeneralEndpoint), sizeof(Profile), sizeof(ProfileEndpoint),
+              sizeof(Tuning), sizeof(DeviceTuning), sizeof(IeqPreset), sizeof(GeqPreset)}) +
+    alignof(std::max_align_t);
 
 // "major.minor.maintenance" from a version element's attributes; a part that
 // the element lacks stays empty, so an element without attributes gives "..".
@@ -65,11 +73,6 @@ class AttachedReport {
 
 }  // namespace
 
-void TuningFileParser::DocumentDeleter::operator()(xmlDoc* document) const {
-    android::Mutex::Autolock lock(libxmlLock());
-    xml::FreeDocument()(document);
-}
-
 TuningFileParser::TuningFileParser() = default;
 
 TuningFileParser::TuningFileParser(std::string path) {
@@ -78,21 +81,8 @@ TuningFileParser::TuningFileParser(std::string path) {
 
 TuningFileParser::~TuningFileParser() {
     mDocument.reset();
-    {
-        android::Mutex::Autolock lock(libxmlLock());
-        xmlCleanupParser();
-    }
-    mContents.forEachEntity([](auto* entity) { delete entity; });
+    mContents.forEachEntity([](auto* entity) { EntityArena::destroy(entity); });
     delete mDeviceData;
-}
-
-bool TuningFileParser::hasPath() {
-    if (mTuningFilePath.empty()) {
-        ALOGE("invalide tuning file path, %d", 125);
-        mReport.add(rules::kFileUnreadable, nullptr, "no tuning file given");
-        return false;
-    }
-    return true;
 }
 
 int TuningFileParser::rootMissing() {
@@ -101,32 +91,47 @@ int TuningFileParser::rootMissing() {
     return -19;
 }
 
+bool TuningFileParser::checkMarkup(const std::string& document) {
+    const MarkupScan scan = scanMarkup(document);
+    if (scan.crowdedLine != 0) {
+        ALOGE("%s() an element at line %ld carries more than %zu attributes: the file is not read",
+              __func__, scan.crowdedLine, kMaxAttributesPerElement);
+        ALOGE("fail to call xmlReadFile,  %d", 138);
+        if (mReport) {
+            mReport.get()->add(rules::kAttributeCount, scan.crowdedLine,
+                               "an element starts here with more than " +
+                                   std::to_string(kMaxAttributesPerElement) +
+                                   " attributes, more than a tuning file's elements carry: the "
+                                   "file is not read");
+        }
+        return false;
+    }
+    // No more entities than elements, and no more elements than openings.
+    mArena.reserve(scan.openings * kEntityRoom);
+    return true;
+}
+
 int TuningFileParser::setTuningFile(std::string path) {
     return setTuningFile(std::move(path), nullptr);
 }
 
 int TuningFileParser::setTuningFile(std::string path, LoadReport* report) {
+    std::string document;
+    if (!readTuningFile(path, &document, report)) {
+        mTuningFilePath = std::move(path);
+        return -22;
+    }
+    return setTuningDocument(std::move(path), std::move(document), report);
+}
+
+int TuningFileParser::setTuningDocument(std::string path, std::string document, LoadReport* report) {
     AttachedReport attached(mReport, report);
     mTuningFilePath = std::move(path);
-    if (!hasPath()) {
-        return -22;
-    }
-    std::string source;
-    bool readable = false;
-    {
-        android::Mutex::Autolock lock(libxmlLock());
-        readable = readTuningFileBytes(mTuningFilePath, &source);
-    }
-    if (!readable) {
-        XmlDocumentReport(mReport.get(), mTuningFilePath).parsed(nullptr);
-        ALOGE("fail to call xmlReadFile,  %d", 138);
-        return -22;
-    }
-    if (parseSource(source) != 0) {
+    if (parseSource(document) != 0) {
         return -22;
     }
     // The entities copy what they read, so nothing refers to an earlier document.
-    mSource = std::move(source);
+    mSource = std::move(document);
     mDocument.reset();
     mRootElement = nullptr;
     delete mDeviceData;
@@ -145,17 +150,19 @@ int TuningFileParser::setTuningFile(std::string path, LoadReport* report) {
 }
 
 int TuningFileParser::parseSource(const std::string& source) {
+    if (!checkMarkup(source)) {
+        return -22;
+    }
     const TuningFileContents before = mContents;
     const LoadReport::Mark mark = mReport.mark();
     // The sections are read while the document streams in; until its end
     // tells that it is well-formed, their log lines wait.
     HeldReaderLog held;
-    XmlDocumentReport documentReport(mReport.get(), mTuningFilePath);
+    XmlDocumentReport documentReport(mReport.get());
     mLoadFailed = false;
     bool wellFormed = false;
     bool hasRoot = false;
     {
-        android::Mutex::Autolock lock(libxmlLock());
         SectionStream stream(documentReport.options());
         wellFormed = stream.parse(
             source, mTuningFilePath,
@@ -196,32 +203,30 @@ void TuningFileParser::restore(const TuningFileContents& before) {
     before.forEachEntity([&](const void* entity) { kept.insert(entity); });
     mContents.forEachEntity([&](auto* entity) {
         if (kept.count(entity) == 0) {
-            delete entity;
+            EntityArena::destroy(entity);
         }
     });
     mContents = before;
 }
 
 int TuningFileParser::initXmlParser() {
-    if (!hasPath()) {
+    std::string document;
+    if (!readTuningFile(mTuningFilePath, &document, mReport.get()) || !checkMarkup(document)) {
         return -22;
     }
-    // No options: the whitespace text nodes stay in the tree, and the section
-    // readers count on them.
-    XmlDocumentReport documentReport(mReport.get(), mTuningFilePath);
-    xmlDoc* document = nullptr;
-    {
-        android::Mutex::Autolock lock(libxmlLock());
-        document = xmlReadFile(mTuningFilePath.c_str(), nullptr, documentReport.options());
-    }
-    documentReport.parsed(document);
-    if (document == nullptr) {
+    // No options that change the tree: the whitespace text nodes stay in it,
+    // and the section readers count on them.
+    XmlDocumentReport documentReport(mReport.get());
+    xmlDoc* parsed = xmlReadMemory(document.data(), static_cast<int>(document.size()),
+                                   mTuningFilePath.c_str(), nullptr, documentReport.options());
+    documentReport.parsed(parsed);
+    if (parsed == nullptr) {
         ALOGE("fail to call xmlReadFile,  %d", 138);
         return -22;
     }
     // The entities copy what they read, so nothing refers to an earlier document.
-    mDocument.reset(document);
-    mRootElement = xmlDocGetRootElement(document);
+    mDocument.reset(parsed);
+    mRootElement = xmlDocGetRootElement(parsed);
     if (mRootElement == nullptr) {
         return rootMissing();
     }

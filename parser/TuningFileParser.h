@@ -8,8 +8,10 @@
 #include <vector>
 
 #include "DeviceData.h"
+#include "EntityArena.h"
 #include "PresetType.h"
 #include "ReaderReport.h"
+#include "XmlNodes.h"
 
 namespace ovela {
 
@@ -67,6 +69,9 @@ class TuningFileParser {
     int setTuningFile(std::string path);
     // The same, telling `report` what the reader skips, changes or drops.
     int setTuningFile(std::string path, LoadReport* report);
+    // The same for a document already read (readTuningFile), which `path`
+    // names in messages.
+    int setTuningDocument(std::string path, std::string document, LoadReport* report);
     int initXmlParser();
     void parseTuningFile();
     bool isParsed();
@@ -95,10 +100,6 @@ class TuningFileParser {
     static PresetType getIeqPresetTypeByName(std::string name);
 
   private:
-    struct DocumentDeleter {
-        void operator()(xmlDoc* document) const;
-    };
-
     // Parses the held root element's children. A load that fails part way
     // takes back everything it added, so the reader holds what it held
     // before; false then.
@@ -106,8 +107,10 @@ class TuningFileParser {
     // Parses a document from its bytes, section by section as they stream
     // in, with the same taking back; 0, -22 or -19.
     int parseSource(const std::string& source);
-    // False, logged and reported, when no path was given.
-    bool hasPath();
+    // Whether libxml2 may parse the document: false, logged and reported,
+    // when an element of it carries too many attributes. Makes room for the
+    // document's entities.
+    bool checkMarkup(const std::string& document);
     // Logs and reports a document without a root element; returns -19.
     int rootMissing();
     // Deletes what was added since `before` and puts it back.
@@ -135,11 +138,13 @@ class TuningFileParser {
     void storeElementValue(ParameterValues& entity, xmlNode* element, const ElementValue& value);
     void readDataElement(Tuning& tuning, xmlNode* element, HeldLists& held);
 
+    // Holds the entities of mContents: it goes last.
+    EntityArena mArena;
     std::string mTuningFilePath;
     TuningFileContents mContents;
     DeviceData* mDeviceData = nullptr;
     // The document of initXmlParser, read whole.
-    std::unique_ptr<xmlDoc, DocumentDeleter> mDocument;
+    xml::Document mDocument;
     xmlNode* mRootElement = nullptr;
     // The bytes of the document of setTuningFile, which streams them in: kept
     // so that parseTuningFile reads the same document again.

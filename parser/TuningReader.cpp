@@ -198,7 +198,7 @@ void TuningFileParser::parseTuning(xmlNode* tuning) {
 
     // Unlike the profile readers, a tuning for an unknown endpoint serves the speaker.
     const Endpoint endpoint = endpointFromName(endpointName, ENDPOINT_SPEAKER);
-    auto entity = std::make_unique<Tuning>(name, endpoint, mono == kTrueWord);
+    EntityArena::Ptr<Tuning> entity(mArena.make<Tuning>(name, endpoint, mono == kTrueWord));
     mReport.entity(
         entity.get(), tuning, [&] { return "tuning " + name; }, "tunings");
     for (const auto& [attribute, parameter] : kTuningListAttributes) {
@@ -258,7 +258,7 @@ void TuningFileParser::parseDeviceTuning(xmlNode* deviceId, std::string tuningNa
         }
     }
     mReport.attributes(deviceId, kDeviceIdAttributes);
-    auto* entity = new DeviceTuning(device, port, tuningName);
+    auto* entity = mArena.make<DeviceTuning>(device, port, tuningName);
     mReport.entity(
         entity, deviceId,
         [&] {

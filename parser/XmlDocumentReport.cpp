@@ -3,28 +3,12 @@
 #include <libxml/globals.h>
 #include <libxml/hash.h>
 #include <libxml/parser.h>
-#include <sys/stat.h>
-
-#include <cerrno>
-#include <cstring>
 
 #include "LoadReport.h"
 
 namespace ovela {
 
 namespace {
-
-// Why the file at `path` cannot be read as a file, or empty.
-std::string fileProblem(const std::string& path) {
-    struct stat status;
-    if (stat(path.c_str(), &status) != 0) {
-        return errno == ENOENT ? "no such file" : strerror(errno);
-    }
-    if (S_ISDIR(status.st_mode)) {
-        return "a directory, not a file";
-    }
-    return std::string();
-}
 
 std::string trimmed(const char* message) {
     std::string text = message == nullptr ? "" : message;
@@ -36,8 +20,7 @@ std::string trimmed(const char* message) {
 
 }  // namespace
 
-XmlDocumentReport::XmlDocumentReport(LoadReport* report, const std::string& path)
-    : mReport(report), mPath(path) {
+XmlDocumentReport::XmlDocumentReport(LoadReport* report) : mReport(report) {
     if (mReport == nullptr) {
         return;
     }
@@ -77,11 +60,6 @@ void XmlDocumentReport::parsed(const xmlDoc* document) {
         return;
     }
     if (document == nullptr) {
-        const std::string problem = fileProblem(mPath);
-        if (!problem.empty()) {
-            mReport->add(rules::kFileUnreadable, 0, mPath + ": " + problem);
-            return;
-        }
         // The first error is the cause; the ones after it follow from it.
         for (const Error& error : mErrors) {
             if (error.level >= XML_ERR_ERROR) {

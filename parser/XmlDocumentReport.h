@@ -19,7 +19,7 @@ class LoadReport;
 // changes nothing.
 class XmlDocumentReport {
   public:
-    XmlDocumentReport(LoadReport* report, const std::string& path);
+    explicit XmlDocumentReport(LoadReport* report);
     ~XmlDocumentReport();
     XmlDocumentReport(const XmlDocumentReport&) = delete;
     XmlDocumentReport& operator=(const XmlDocumentReport&) = delete;
@@ -42,7 +42,6 @@ class XmlDocumentReport {
     void restore();
 
     LoadReport* mReport;
-    const std::string& mPath;
     xmlStructuredErrorFunc mPreviousHandler = nullptr;
     void* mPreviousContext = nullptr;
     bool mInstalled = false;

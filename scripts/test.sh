@@ -13,7 +13,6 @@ scripts/platform-build.sh >/dev/null
 
 scripts/setup.sh build-asan -DOVELA_SANITIZE=ON
 ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
-    LSAN_OPTIONS=suppressions="$PWD/tests/lsan.supp" \
     ctest --test-dir build-asan --output-on-failure -j"$(nproc)"
 
 scripts/setup.sh build-tsan -DOVELA_SANITIZE=thread

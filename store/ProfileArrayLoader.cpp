@@ -8,6 +8,7 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <utility>
 #include <vector>
 
 #include "ArrayBuilder.h"
@@ -350,10 +351,10 @@ class Load {
 
 }  // namespace
 
-bool loadProfileArrays(const std::string& path, ParamTables& tables, SpeakerData& speaker,
-                       LoadReport* report) {
+bool loadProfileArrays(const std::string& path, std::string document, ParamTables& tables,
+                       SpeakerData& speaker, LoadReport* report) {
     auto parser = std::make_unique<TuningFileParser>();
-    if (parser->setTuningFile(path, report) != 0) {
+    if (parser->setTuningDocument(path, std::move(document), report) != 0) {
         ALOGE("XML parses error!!");
         if (report != nullptr && !report->hasErrors()) {
             report->add(rules::kXmlSyntax, 0, "the file does not load");

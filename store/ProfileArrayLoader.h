@@ -14,14 +14,15 @@ struct SpeakerData;
 // included.
 constexpr size_t kProfileCapacity = 1200;
 
-// Reads the tuning file at `path` and adds to `tables` the arrays of profiles
-// 0 to 9, the general array (-1) and one array per named tuning; `speaker`
-// takes what the file says about the internal speaker. Returns false when the
-// file cannot be read or an array outgrows its room; the caller then discards
-// `tables` and `speaker`, which may hold part of the load. `report`, when
-// given, learns what the load decided, and keeps the model it read.
-bool loadProfileArrays(const std::string& path, ParamTables& tables, SpeakerData& speaker,
-                       LoadReport* report);
+// Parses `document`, the tuning file at `path` as readTuningFile read it, and
+// adds to `tables` the arrays of profiles 0 to 9, the general array (-1) and
+// one array per named tuning; `speaker` takes what the file says about the
+// internal speaker. Returns false when the file does not parse or an array
+// outgrows its room; the caller then discards `tables` and `speaker`, which
+// may hold part of the load. `report`, when given, learns what the load
+// decided, and keeps the model it read.
+bool loadProfileArrays(const std::string& path, std::string document, ParamTables& tables,
+                       SpeakerData& speaker, LoadReport* report);
 
 }  // namespace ovela
 

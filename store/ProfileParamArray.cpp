@@ -5,6 +5,7 @@
 #include <log/log.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstring>
 #include <utility>
 #include <vector>
@@ -15,7 +16,9 @@
 #include "ParameterValues.h"
 #include "ProfileArrayLoader.h"
 #include "SpeakerData.h"
+#include "ToldSizes.h"
 #include "TuningConversion.h"
+#include "TuningFileBytes.h"
 #include "TuningFileVocabulary.h"
 
 // A product build may name another file with -DOVELA_DEFAULT_TUNING_FILE.
@@ -52,6 +55,9 @@ void copyArray(const int32_t* array, uint32_t size, void* out) {
     }
 }
 
+// Tells one store from another, also from one that lived at the same address.
+std::atomic<uint64_t> gNextSerial{1};
+
 }  // namespace
 
 ProfileParamArray::ProfileParamArray() : ProfileParamArray(kDefaultTuningFile) {}
@@ -60,7 +66,9 @@ ProfileParamArray::ProfileParamArray(std::string path)
     : ProfileParamArray(std::move(path), nullptr) {}
 
 ProfileParamArray::ProfileParamArray(std::string path, LoadReport* report)
-    : mTables(std::make_unique<ParamTables>()), mSpeaker(std::make_unique<SpeakerData>()) {
+    : mTables(std::make_unique<ParamTables>()),
+      mSpeaker(std::make_unique<SpeakerData>()),
+      mSerial(gNextSerial++) {
     loadXMLFile(std::move(path), report);
 }
 
@@ -72,16 +80,26 @@ void ProfileParamArray::loadXMLFile(std::string path) {
 
 void ProfileParamArray::loadXMLFile(std::string path, LoadReport* report) {
     ALOGD("%s", __func__);
-    android::Mutex::Autolock lock(mLock);
-    // Everything is built aside and taken over only when the whole file
-    // loaded, so that a failed load leaves the store as it was.
-    ParamTables tables;
-    SpeakerData speaker = *mSpeaker;
-    if (!loadProfileArrays(path, tables, speaker, report)) {
+    // The file is read before any lock is taken, so a slow or hostile path
+    // holds up nobody but this caller.
+    std::string document;
+    if (!readTuningFile(path, &document, report)) {
+        ALOGE("XML parses error!!");
         return;
     }
-    mTables->takeFrom(tables);
+    // Loads take turns; queries go on while one parses and composes, and
+    // wait only for the swap. Everything is built aside and taken over only
+    // when the whole file loaded, so that a failed load leaves the store as
+    // it was. The speaker data is the loads' alone.
+    android::Mutex::Autolock loading(mLoadLock);
+    ParamTables tables;
+    SpeakerData speaker = *mSpeaker;
+    if (!loadProfileArrays(path, std::move(document), tables, speaker, report)) {
+        return;
+    }
     *mSpeaker = speaker;
+    android::Mutex::Autolock lock(mLock);
+    mTables->takeFrom(tables);
 }
 
 int ProfileParamArray::composeParams(int* out, int device, ParameterValues* values, int& count) {
@@ -119,39 +137,69 @@ void ProfileParamArray::setCommonSpeakerParams(Tuning* tuning) {
 
 int ProfileParamArray::getProfileParams(OvlProfileId profile, void* out) {
     ALOGD("%s(profile = %d)", __func__, profile);
+    const uint32_t told = ToldSizes::ofThisThread().sizeOf(mSerial, profile);
     android::Mutex::Autolock lock(mLock);
     if (out == nullptr) {
         return -22;
     }
-    copyArray(mTables->getProfileArray(profile), mTables->getProfileSize(profile), out);
+    const uint32_t size = mTables->getProfileSize(profile);
+    if (size > told) {
+        ALOGE(
+            "%s() profile %d takes %u bytes now, more than the %u that getProfileParamsSize() "
+            "told this thread: nothing copied",
+            __func__, profile, size, told);
+        return -22;
+    }
+    copyArray(mTables->getProfileArray(profile), size, out);
     return 0;
 }
 
 uint32_t ProfileParamArray::getProfileParamsSize(OvlProfileId profile) {
-    android::Mutex::Autolock lock(mLock);
-    return mTables->getProfileSize(profile);
+    uint32_t size = 0;
+    {
+        android::Mutex::Autolock lock(mLock);
+        size = mTables->getProfileSize(profile);
+    }
+    ToldSizes::ofThisThread().tell(mSerial, profile, size);
+    return size;
 }
 
 int ProfileParamArray::getTuningParams(std::string tuning, void* out) {
     ALOGD("%s(tuning = %s)", __func__, tuning.c_str());
+    const uint32_t told = ToldSizes::ofThisThread().sizeOf(mSerial, tuning);
     android::Mutex::Autolock lock(mLock);
     if (out == nullptr) {
         return -22;
     }
-    copyArray(mTables->getTuningArray(tuning), mTables->getTuningSize(tuning), out);
+    const uint32_t size = mTables->getTuningSize(tuning);
+    if (size > told) {
+        ALOGE(
+            "%s() tuning %s takes %u bytes now, more than the %u that getTuningParamsSize() "
+            "told this thread: nothing copied",
+            __func__, tuning.c_str(), size, told);
+        return -22;
+    }
+    copyArray(mTables->getTuningArray(tuning), size, out);
     return 0;
 }
 
 uint32_t ProfileParamArray::getTuningParamsSize(std::string tuning) {
-    android::Mutex::Autolock lock(mLock);
-    return mTables->getTuningSize(tuning);
+    uint32_t size = 0;
+    {
+        android::Mutex::Autolock lock(mLock);
+        size = mTables->getTuningSize(tuning);
+    }
+    ToldSizes::ofThisThread().tell(mSerial, tuning, size);
+    return size;
 }
 
 uint32_t ProfileParamArray::copyProfileParams(OvlProfileId profile, void* out, uint32_t capacity) {
     ALOGD("%s(profile = %d)", "getProfileParams", profile);
     android::Mutex::Autolock lock(mLock);
     uint32_t size = mTables->getProfileSize(profile);
-    if (size <= capacity) {
+    if (out == nullptr && capacity != 0) {
+        ALOGE("%s() no buffer for %u bytes: nothing copied", __func__, capacity);
+    } else if (size <= capacity) {
         copyArray(mTables->getProfileArray(profile), size, out);
     }
     return size;
@@ -162,7 +210,9 @@ uint32_t ProfileParamArray::copyTuningParams(const std::string& tuning, void* ou
     ALOGD("%s(tuning = %s)", "getTuningParams", tuning.c_str());
     android::Mutex::Autolock lock(mLock);
     uint32_t size = mTables->getTuningSize(tuning);
-    if (size <= capacity) {
+    if (out == nullptr && capacity != 0) {
+        ALOGE("%s() no buffer for %u bytes: nothing copied", __func__, capacity);
+    } else if (size <= capacity) {
         copyArray(mTables->getTuningArray(tuning), size, out);
     }
     return size;

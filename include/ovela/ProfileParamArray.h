@@ -36,7 +36,10 @@ class ProfileParamArray : public android::Singleton<ProfileParamArray> {
 
     // Adds the arrays of the tuning file at `path` to the store, replacing
     // those with the same profile id or tuning name. A file that cannot be
-    // read, or whose arrays outgrow their room, changes nothing.
+    // read (only a regular file is read, up to 64 MiB, also once
+    // decompressed), that is not well-formed, or whose arrays outgrow their
+    // room changes nothing. Queries are answered while the file is parsed;
+    // loads take turns.
     void loadXMLFile(std::string path);
     // The same, telling `report` everything that the load decided: what it
     // skipped, changed, dropped or never sent, with the lines of the file,
@@ -44,8 +47,14 @@ class ProfileParamArray : public android::Singleton<ProfileParamArray> {
     // read and the origin of every entry.
     void loadXMLFile(std::string path, LoadReport* report);
 
-    // Copy the array into `out` (size from the size queries); -22 for a null
-    // `out`. An unknown profile or tuning copies nothing and returns 0.
+    // The two calls of the size-then-contents protocol: ask for the size,
+    // allocate, then copy the array into `out`. The copy never writes more
+    // than the size that the calling thread was last told for that profile or
+    // tuning: when another thread's reload made the array larger in between,
+    // it copies nothing, logs why and returns -22 (ask for the size again).
+    // -22 for a null `out`. An unknown profile or tuning copies nothing and
+    // returns 0. Prefer copyProfileParams() and copyTuningParams(), which
+    // take the buffer's size in the same call.
     int getProfileParams(OvlProfileId profile, void* out);
     uint32_t getProfileParamsSize(OvlProfileId profile);
     int getTuningParams(std::string tuning, void* out);
@@ -54,8 +63,8 @@ class ProfileParamArray : public android::Singleton<ProfileParamArray> {
     // return its size either way (0 for an unknown profile or tuning); they
     // log as getProfileParams() and getTuningParams() do. Between a size
     // query and a copy another thread may reload the store; a caller that sees
-    // a size above its capacity grows its buffer and asks again, where the
-    // copies above would run past the buffer.
+    // a size above its capacity grows its buffer and asks again. A null `out`
+    // with a capacity is an error: logged, nothing written, the size returned.
     uint32_t copyProfileParams(OvlProfileId profile, void* out, uint32_t capacity);
     uint32_t copyTuningParams(const std::string& tuning, void* out, uint32_t capacity);
 
@@ -87,8 +96,14 @@ class ProfileParamArray : public android::Singleton<ProfileParamArray> {
 
   private:
     std::unique_ptr<ParamTables> mTables;
+    // Guards the tables: every query, and a load's swap of its new arrays.
     android::Mutex mLock;
+    // Loads take turns under this lock, reading and composing outside mLock.
+    android::Mutex mLoadLock;
     std::unique_ptr<SpeakerData> mSpeaker;
+    // Names this store to the two-call queries' record of what each thread
+    // was told.
+    const uint64_t mSerial;
 };
 
 }  // namespace ovela

@@ -35,9 +35,12 @@ TEST(TuningFileParserTest, LoadFailuresReturnMinus22AndLogTheirLine) {
     EXPECT_EQ(parser.setTuningFile(""), -22);
     EXPECT_EQ(parser.setTuningFile("/nonexistent/qrn-default.xml"), -22);
     EXPECT_EQ(parser.setTuningFile("/tmp"), -22);
-    EXPECT_EQ(log.messages("TuningFileParser", ANDROID_LOG_ERROR),
-              (Strings{"invalide tuning file path, 125", "fail to call xmlReadFile,  138",
-                       "fail to call xmlReadFile,  138"}));
+    EXPECT_EQ(
+        log.messages("TuningFileParser", ANDROID_LOG_ERROR),
+        (Strings{"invalide tuning file path, 125",
+                 "readTuningFile() /nonexistent/qrn-default.xml: no such file",
+                 "fail to call xmlReadFile,  138", "readTuningFile() /tmp: a directory, not a file",
+                 "fail to call xmlReadFile,  138"}));
     EXPECT_EQ(parser.getDeviceData(), nullptr);
     EXPECT_FALSE(parser.isParsed());
 }

@@ -21,6 +21,7 @@
 #include "ProfileParamCache.h"
 #include "TempFile.h"
 #include "TuningFileText.h"
+#include "XmlNodes.h"
 
 namespace ovela {
 namespace {
@@ -223,9 +224,8 @@ TEST(ConcurrencyTest, CachesSendingWhileTheStoreReloadsLargerArraysStayInTheirBu
     EXPECT_EQ(wrongSends, 0);
 }
 
-// Stores of their own loading in two threads at once: each reader's parse and
-// its xmlCleanupParser, which resets libxml2 for the whole process, take
-// turns, and every store holds the arrays of its file.
+// Stores of their own loading in two threads at once: every store holds the
+// arrays of its file.
 TEST(ConcurrencyTest, StoresLoadingInTwoThreadsEachHoldTheirFile) {
     TempFile first(tuningFileWith(10, 8));
     TempFile second(tuningFileWith(20, 8));
@@ -247,6 +247,47 @@ TEST(ConcurrencyTest, StoresLoadingInTwoThreadsEachHoldTheirFile) {
         thread.join();
     }
     EXPECT_EQ(wrongLoads, 0);
+}
+
+// The audio server parses its own configuration with libxml2 too: a load must
+// neither reset libxml2 under that thread nor make it wait.
+TEST(ConcurrencyTest, LoadsLeaveAnotherLibxml2UserOfTheProcessAlone) {
+    static const char kConfig[] = "<config>\n    <item name=\"gain\" value=\"7\"/>\n</config>\n";
+    auto parsesWell = [] {
+        xml::Document document(
+            xmlReadMemory(kConfig, sizeof(kConfig) - 1, "config.xml", nullptr, 0));
+        const xmlNode* root = document ? xmlDocGetRootElement(document.get()) : nullptr;
+        const xmlNode* item =
+            root != nullptr && root->children != nullptr ? root->children->next : nullptr;
+        if (item == nullptr || item->type != XML_ELEMENT_NODE) {
+            return false;
+        }
+        xmlChar* value = xmlGetProp(item, BAD_CAST "value");
+        const bool expected = value != nullptr && xmlStrEqual(value, BAD_CAST "7");
+        xmlFree(value);
+        return expected;
+    };
+    ProfileParamArray store(sampleFile());
+    const std::vector<int32_t> general = profileWords(store, kGeneralProfileId);
+
+    std::atomic<bool> loading{true};
+    std::atomic<int> parses{0};
+    std::atomic<int> failedParses{0};
+    std::thread other([&] {
+        do {
+            failedParses += !parsesWell();
+            ++parses;
+        } while (loading);
+    });
+    for (int load = 0; load < kReloads; ++load) {
+        store.loadXMLFile(sampleFile());
+    }
+    loading = false;
+    other.join();
+
+    EXPECT_GT(parses, 0);
+    EXPECT_EQ(failedParses, 0);
+    EXPECT_EQ(profileWords(store, kGeneralProfileId), general);
 }
 
 }  // namespace

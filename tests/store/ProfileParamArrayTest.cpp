@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <set>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "AudioDevices.h"
@@ -155,7 +156,10 @@ TEST(ProfileParamArrayTest, QueriesRefuseANullBufferCopyNothingForUnknownKeysAnd
     EXPECT_EQ(store.getProfileParams(42, out.data()), 0);
     EXPECT_EQ(out, std::vector<int32_t>(8, -1));
     EXPECT_EQ(store.getTuningParamsSize("unknown") + store.getProfileParamsSize(42), 0u);
+    // An endpoint outside the seven has no tunings.
+    EXPECT_EQ(tuningList(store, static_cast<Endpoint>(-1), '.'), "default.");
     // A copy is exactly as long as the array.
+    EXPECT_EQ(store.getTuningParamsSize("c"), 6 * sizeof(int32_t));
     EXPECT_EQ(store.getTuningParams("c", out.data()), 0);
     EXPECT_EQ(out,
               (std::vector<int32_t>{out[0], 1, kDeviceBluetooth, kyrCode("beb"), 1, 3, -1, -1}));
@@ -178,6 +182,65 @@ TEST(ProfileParamArrayTest, QueriesRefuseANullBufferCopyNothingForUnknownKeysAnd
     EXPECT_EQ(store.copyProfileParams(-1, out.data(), generalSize + 4), generalSize);
     EXPECT_EQ(out, general);
     EXPECT_EQ(store.copyProfileParams(42, nullptr, 0) + store.copyTuningParams("x", nullptr, 0), 0u);
+    // No buffer but a capacity: nothing written, the size told.
+    LogCapture log;
+    EXPECT_EQ(store.copyProfileParams(-1, nullptr, generalSize), generalSize);
+    EXPECT_EQ(store.copyTuningParams("c", nullptr, cSize), cSize);
+    EXPECT_EQ(log.messages(kTag, ANDROID_LOG_ERROR),
+              (std::vector<std::string>{"copyProfileParams() no buffer for " +
+                                            std::to_string(generalSize) + " bytes: nothing copied",
+                                        "copyTuningParams() no buffer for " +
+                                            std::to_string(cSize) + " bytes: nothing copied"}));
+}
+
+// A caller sizes its buffer by the size query; a reload between that and the
+// copy that makes the array larger must not make the copy run past the
+// buffer, whichever thread asked for the size since.
+TEST(ProfileParamArrayTest, TwoCallCopiesNeverWritePastTheSizeThatTheThreadWasTold) {
+    auto file = [](const std::string& row, const std::string& boost) {
+        return tuningFile(profile(3, "            <drc-metadata data=\"" + row + "\"/>\n") +
+                          tuning("name=\"t\" endpoint_type=\"usb\"",
+                                 "            <regulator-stress-amount data=\"" + boost + "\"/>\n"));
+    };
+    TempFile small(file("1,2", "7"));
+    TempFile large(file("1,2,3,4", "7,8"));
+    ProfileParamArray store(small.path());
+    const std::vector<int32_t> smallProfile = profileWords(store, 3);
+    const std::vector<int32_t> smallTuning = tuningWords(store, "t");
+    const uint32_t profileSize = store.getProfileParamsSize(3);
+    const uint32_t tuningSize = store.getTuningParamsSize("t");
+    ProfileParamArray largeStore(large.path());
+    const std::string largeProfile = std::to_string(largeStore.getProfileParamsSize(3));
+    const std::string largeTuning = std::to_string(largeStore.getTuningParamsSize("t"));
+
+    store.loadXMLFile(large.path());
+    std::thread([&] {
+        store.getProfileParamsSize(3);
+        store.getTuningParamsSize("t");
+    }).join();
+    // Room to see a write past the size told: it stays -1.
+    std::vector<int32_t> profileBuffer(profileSize / sizeof(int32_t) + 4, -1);
+    std::vector<int32_t> tuningBuffer(tuningSize / sizeof(int32_t) + 4, -1);
+    LogCapture log;
+    EXPECT_EQ(store.getProfileParams(3, profileBuffer.data()), -22);
+    EXPECT_EQ(store.getTuningParams("t", tuningBuffer.data()), -22);
+    EXPECT_EQ(profileBuffer, std::vector<int32_t>(profileBuffer.size(), -1));
+    EXPECT_EQ(tuningBuffer, std::vector<int32_t>(tuningBuffer.size(), -1));
+    EXPECT_EQ(log.messages(kTag, ANDROID_LOG_ERROR),
+              (std::vector<std::string>{
+                  "getProfileParams() profile 3 takes " + largeProfile +
+                      " bytes now, more than the " + std::to_string(profileSize) +
+                      " that getProfileParamsSize() told this thread: nothing copied",
+                  "getTuningParams() tuning t takes " + largeTuning + " bytes now, more than the " +
+                      std::to_string(tuningSize) +
+                      " that getTuningParamsSize() told this thread: nothing copied"}));
+
+    // An array that shrank, or stayed, still fits the buffer.
+    store.loadXMLFile(small.path());
+    EXPECT_EQ(store.getProfileParams(3, profileBuffer.data()), 0);
+    EXPECT_EQ(store.getTuningParams("t", tuningBuffer.data()), 0);
+    EXPECT_EQ(std::vector<int32_t>(profileBuffer.begin(), profileBuffer.end() - 4), smallProfile);
+    EXPECT_EQ(std::vector<int32_t>(tuningBuffer.begin(), tuningBuffer.end() - 4), smallTuning);
 }
 
 TEST(ProfileParamArrayTest, Profile8KeepsTheRenderingConfigThatTheFileGives) {
