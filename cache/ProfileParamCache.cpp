@@ -163,30 +163,32 @@ int ProfileParamCache::setEndpointTuning(Endpoint endpoint, std::string tuning, 
         ALOGE("%s() Invalid endpoint %d", __func__, endpoint);
         return kInvalidArgument;
     }
-    const char* endpointName = kEndpointNames[endpoint];
-    ALOGD("%s(endpoint=%s, tuning=%s)", __func__, endpointName, tuning.c_str());
+    const char* name = endpointName(endpoint);
+    ALOGD("%s(endpoint=%s, tuning=%s)", __func__, name, tuning.c_str());
     if (effect == nullptr) {
         ALOGE("%s() effect instance should not be null", __func__);
         return kInvalidArgument;
     }
     ProfileParamArray& store = ProfileParamArray::getInstance();
-    uint32_t length = store.getAvailableTuningDevicesLen(endpoint);
-    Scratch list(malloc(length), &free);
+    const uint32_t length = store.getAvailableTuningDevicesLen(endpoint);
+    // Zeroed, so that the search stops at the list's NUL or at the first byte
+    // the store did not write: after "default", or where another thread's
+    // reload made the list shorter than the length asked for.
+    Scratch list(calloc(length, 1), &free);
     if (list == nullptr) {
         ALOGE("%s() Fail to allocate scratch memory!", __func__);
         return kNoMemory;
     }
     store.getAvailableTuningDevices(endpoint, list.get(), static_cast<int>(length));
-    // The last byte is the list's terminator, or left unwritten after
-    // "default": the search stops before it.
-    std::string_view names(static_cast<const char*>(list.get()), length - 1);
+    const auto* text = static_cast<const char*>(list.get());
+    const std::string_view names(text, strnlen(text, length));
     if (names.find(tuning) == std::string_view::npos) {
         // The run of thirteen blanks is part of the message that log readers
         // match on.
         ALOGE(
             "%s, %s is not a valid tuning device for endpoint %s,"
             "             please call getAvailableTuningDevice(endpoint) to check first!",
-            __func__, tuning.c_str(), endpointName);
+            __func__, tuning.c_str(), name);
         return kInvalidArgument;
     }
     list.reset();

@@ -23,7 +23,7 @@ Endpoint GeneralEndpoint::getEndpoint() {
 }
 
 std::string GeneralEndpoint::toString() {
-    return describe(std::string("endpoint=") + kEndpointNames[mEndpoint] + "\n");
+    return describe(std::string("endpoint=") + endpointName(mEndpoint) + "\n");
 }
 
 bool GeneralEndpoint::equals(GeneralEndpoint& other) {

@@ -46,7 +46,7 @@ Endpoint ProfileEndpoint::getEndpoint() {
 
 std::string ProfileEndpoint::toString() {
     return describe("profileId=" + std::to_string(mProfileId) +
-                    "\nendpoint=" + kEndpointNames[mEndpoint] + "\n");
+                    "\nendpoint=" + endpointName(mEndpoint) + "\n");
 }
 
 bool ProfileEndpoint::equals(ProfileEndpoint& other) {

@@ -109,7 +109,7 @@ void Tuning::setEndpoint(std::string name) {
 }
 
 std::string Tuning::toString() {
-    return describe("name=" + mName + "\nendpoint=" + kEndpointNames[mEndpoint] +
+    return describe("name=" + mName + "\nendpoint=" + endpointName(mEndpoint) +
                     "\nmono=" + (mMono ? "true" : "false") +
                     "\nreadonly=" + (mReadonly ? "true" : "false") + "\n");
 }

@@ -72,6 +72,7 @@ TEST_F(ProfileParamCacheTest, RecordsTheTuningOfEachEndpointsOwnNameElseDefault)
     // The copy stops at the given length; an unknown endpoint copies nothing.
     EXPECT_EQ(recordedTuning(ENDPOINT_HEADPHONE, 1), "h...............");
     EXPECT_EQ(recordedTuning(static_cast<Endpoint>(7)), "................");
+    EXPECT_EQ(recordedTuning(static_cast<Endpoint>(-1)), "................");
 }
 
 TEST_F(ProfileParamCacheTest, SetProfileSendsEveryEntryInOrderAndCommitsOnce) {
@@ -101,6 +102,7 @@ TEST_F(ProfileParamCacheTest, InvalidProfileAndMissingEffectAreRefused) {
     EXPECT_EQ(mCache.setProfile(2, nullptr), -22);
     EXPECT_EQ(mCache.setEndpointTuning(ENDPOINT_HEADPHONE, "hp-studio", nullptr, false), -22);
     EXPECT_EQ(mCache.setEndpointTuning(static_cast<Endpoint>(7), "default", &mEffect, false), -22);
+    EXPECT_EQ(mCache.setEndpointTuning(static_cast<Endpoint>(-1), "default", &mEffect, false), -22);
     EXPECT_EQ(mCache.resetParam(kyrCode("qvle"), nullptr), -22);
     EXPECT_TRUE(mEffect.calls.empty());
     EXPECT_EQ(log.messages(kTag, ANDROID_LOG_ERROR),
@@ -108,6 +110,7 @@ TEST_F(ProfileParamCacheTest, InvalidProfileAndMissingEffectAreRefused) {
                        "setProfile() effect instance should not be null",
                        "setEndpointTuning() effect instance should not be null",
                        "setEndpointTuning() Invalid endpoint 7",
+                       "setEndpointTuning() Invalid endpoint -1",
                        "resetParam() effect instance should not be null"}));
     // The refused calls changed nothing: the cache still holds the general
     // profile and the endpoint's own tuning.

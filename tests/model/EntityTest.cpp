@@ -68,6 +68,14 @@ TEST(EntityTest, TuningSetEndpointAcceptsOnlyTheThreeTuningEndpoints) {
     EXPECT_FALSE(tuning.isDirty());
 }
 
+// An effect may pass on any 32-bit value as an endpoint.
+TEST(EntityTest, AnEndpointOutsideTheSevenPrintsAsUnknown) {
+    GeneralEndpoint settings(static_cast<Endpoint>(-1));
+    ProfileEndpoint profileSettings(2, static_cast<Endpoint>(7));
+    EXPECT_EQ(settings.toString(), "id=-1\nendpoint=unknown\n");
+    EXPECT_EQ(profileSettings.toString(), "id=-1\nprofileId=2\nendpoint=unknown\n");
+}
+
 TEST(EntityTest, ProfileEqualsIgnoresNameAndGeqPreset) {
     Profile a(1, 4, "a", PRESET_TYPE_WARM);
     Profile b(2, 4, "b", PRESET_TYPE_WARM);
