@@ -112,7 +112,8 @@ inline constexpr LoadRule kCompositeDropped{
     "complex-equalizer-tuning-left and -right of different lengths (no \"ceqt\")"};
 inline constexpr LoadRule kEntityExpansion{
     "entity-expansion", Severity::WARNING,
-    "an attribute whose entity references expand past 1 MiB (read as empty)"};
+    "an attribute whose entity references expand past 1 MiB (read as empty), or name an "
+    "entity that the file does not declare"};
 
 // ---- Read but never sent, or served by a fallback
 inline constexpr LoadRule kNeverSent{"never-sent", Severity::NOTE,

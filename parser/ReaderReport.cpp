@@ -17,6 +17,11 @@ using namespace rules;
 
 namespace {
 
+// The longest name that may get a suggestion, and the most of a text that a
+// finding quotes: a hostile file's 10 MB name or row costs no more than this.
+constexpr size_t kLongestSuggestedName = 128;
+constexpr size_t kLongestQuote = 120;
+
 // Names compare as a person reads them: letter case and '-' against '_'
 // make no difference.
 std::string folded(std::string_view name) {
@@ -27,21 +32,24 @@ std::string folded(std::string_view name) {
     return text;
 }
 
-// Edits (insertions, deletions, substitutions, swaps of neighbours) between two names.
+// Edits (insertions, deletions, substitutions, swaps of neighbours) between two
+// names, keeping three rows of the table.
 size_t editDistance(const std::string& a, const std::string& b) {
-    std::vector<std::vector<size_t>> d(a.size() + 1, std::vector<size_t>(b.size() + 1));
-    for (size_t i = 0; i <= a.size(); ++i) d[i][0] = i;
-    for (size_t j = 0; j <= b.size(); ++j) d[0][j] = j;
+    std::vector<size_t> before(b.size() + 1), previous(b.size() + 1), row(b.size() + 1);
+    for (size_t j = 0; j <= b.size(); ++j) previous[j] = j;
     for (size_t i = 1; i <= a.size(); ++i) {
+        row[0] = i;
         for (size_t j = 1; j <= b.size(); ++j) {
             const size_t cost = a[i - 1] == b[j - 1] ? 0 : 1;
-            d[i][j] = std::min({d[i - 1][j] + 1, d[i][j - 1] + 1, d[i - 1][j - 1] + cost});
+            row[j] = std::min({previous[j] + 1, row[j - 1] + 1, previous[j - 1] + cost});
             if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1]) {
-                d[i][j] = std::min(d[i][j], d[i - 2][j - 2] + 1);
+                row[j] = std::min(row[j], before[j - 2] + 1);
             }
         }
+        std::swap(before, previous);
+        std::swap(previous, row);
     }
-    return d[a.size()][b.size()];
+    return previous[b.size()];
 }
 
 std::string nameOf(const xmlAttr* attribute) {
@@ -162,11 +170,19 @@ std::string wordsOf(const Table& table) {
 }  // namespace
 
 std::string didYouMean(std::string_view name, const KnownNames& known) {
+    // No name of the file is this long: a longer one is no typo of one.
+    if (name.size() > kLongestSuggestedName) {
+        return std::string();
+    }
     const std::string wanted = folded(name);
     std::string_view best;
     size_t bestDistance = std::max<size_t>(1, std::min<size_t>(2, wanted.size() / 3)) + 1;
     for (std::string_view candidate : known) {
-        if (candidate == name) {
+        // Names whose lengths differ by more edits than allowed cannot match.
+        const size_t lengthDifference = candidate.size() > wanted.size()
+                                            ? candidate.size() - wanted.size()
+                                            : wanted.size() - candidate.size();
+        if (candidate == name || lengthDifference >= bestDistance) {
             continue;
         }
         const size_t distance = editDistance(wanted, folded(candidate));
@@ -179,6 +195,11 @@ std::string didYouMean(std::string_view name, const KnownNames& known) {
 }
 
 std::string quoted(std::string_view text) {
+    if (text.size() > kLongestQuote) {
+        std::string start = quoted(text.substr(0, kLongestQuote));
+        start.insert(start.size() - 1, "...");
+        return start;
+    }
     std::string out = "\"";
     for (size_t i = 0; i < text.size();) {
         const auto byte = static_cast<unsigned char>(text[i]);
@@ -362,6 +383,9 @@ void ReaderReport::reportRow(const xmlNode* element, const char* attributeName,
                      tag + " has no " + attributeName + " attribute: " + emptyAs);
         return;
     }
+    if (isExplained(element)) {
+        return;
+    }
     if (xml::nameOf(first) != attributeName) {
         mReport->add(kAttributeName, line,
                      tag + " gives its numbers in " + nameOf(first) +
@@ -387,16 +411,43 @@ void ReaderReport::reportRow(const xmlNode* element, const char* attributeName,
                          " is not a number: it reads as " + std::to_string(field.readAs) +
                          (field.repeats ? ", the value before it" : ""));
     }
+    if (problems.notNumberCount > problems.notNumbers.size()) {
+        mReport->add(kNotANumber, line,
+                     std::to_string(problems.notNumberCount - problems.notNumbers.size()) +
+                         " more fields of " + tag + " are not numbers");
+    }
     for (const auto& [field, readAs] : problems.outOfRange) {
         mReport->add(kNumberRange, line,
                      "field " + quoted(field) + " of " + tag +
                          " is past the 32-bit range: it reads as " + std::to_string(readAs));
     }
+    if (problems.outOfRangeCount > problems.outOfRange.size()) {
+        mReport->add(kNumberRange, line,
+                     std::to_string(problems.outOfRangeCount - problems.outOfRange.size()) +
+                         " more fields of " + tag + " are past the 32-bit range");
+    }
+}
+
+void ReaderReport::reportDroppedReference(const xmlNode* element, const std::string& attribute,
+                                          const std::string& entity) {
+    mExplained.insert(element);
+    std::string readAs;
+    for (const xmlAttr* a = xml::firstAttribute(element); a != nullptr; a = a->next) {
+        if (attribute == xml::nameOf(a) ||
+            attribute.substr(attribute.find(':') + 1) == xml::nameOf(a)) {
+            readAs = xml::valueOf(a);
+        }
+    }
+    mReport->add(kEntityExpansion, xmlGetLineNo(element),
+                 attribute + " of " + tagOf(element) + " refers to &" + entity +
+                     ";, which the file does not declare (an external DTD is never read): it "
+                     "reads as " +
+                     quoted(readAs));
 }
 
 void ReaderReport::reportNumber(const xmlNode* element, std::string_view attribute,
                                 std::string_view text, int readAs, bool truthWords) {
-    if (truthWords && (text == kTrueWord || text == kFalseWord)) {
+    if ((truthWords && (text == kTrueWord || text == kFalseWord)) || isExplained(element)) {
         return;
     }
     const std::string what = tagOf(element) + attributeText(attribute) + " " + quoted(text);
@@ -415,7 +466,7 @@ void ReaderReport::reportNumber(const xmlNode* element, std::string_view attribu
 
 void ReaderReport::reportTruthWord(const xmlNode* element, std::string_view attribute,
                                    std::string_view text) {
-    if (text != kTrueWord && text != kFalseWord) {
+    if (text != kTrueWord && text != kFalseWord && !isExplained(element)) {
         mReport->add(kTruthWord, xmlGetLineNo(element),
                      tagOf(element) + attributeText(attribute) + " " + quoted(text) +
                          " is neither \"true\" nor \"false\": it reads as false" +

@@ -68,7 +68,8 @@ KnownNames knownNames(const Names&... names) {
 std::string didYouMean(std::string_view name, const KnownNames& known);
 
 // `text` in double quotes, with quotes, backslashes and every character that
-// does not show as itself escaped: "192\u00a0".
+// does not show as itself escaped: "192\u00a0". A long text shows its start
+// and "..." before the closing quote.
 std::string quoted(std::string_view text);
 
 // "<name>", as findings write an element.
@@ -171,7 +172,17 @@ class ReaderReport {
     // A child element of the root starts: what is told about one section
     // ends here.
     void beginSection() {
-        if (mReport != nullptr) mEndpointSections.clear();
+        if (mReport != nullptr) {
+            mEndpointSections.clear();
+            mExplained.clear();
+        }
+    }
+    // libxml2 left the reference to `entity`, which the file does not
+    // declare, out of the value of `attribute` of `element`. What the
+    // element's values read as follows from that and is not reported again.
+    void droppedReference(const xmlNode* element, const std::string& attribute,
+                          const std::string& entity) {
+        if (mReport != nullptr) reportDroppedReference(element, attribute, entity);
     }
     // An "endpoint_type" section of `owner` (a profile or general element) for
     // `endpoint`: a second one for the same endpoint is sent as well.
@@ -303,6 +314,9 @@ class ReaderReport {
     // table `table` that `what` names.
     void reportDuplicateBands(const xmlNode* table, const std::string& what,
                               const std::vector<int>& frequencies);
+    void reportDroppedReference(const xmlNode* element, const std::string& attribute,
+                                const std::string& entity);
+    bool isExplained(const xmlNode* element) const { return mExplained.count(element) != 0; }
     void reportInclude(const void* profileEntity, const xmlNode* profile, const xmlNode* container,
                        const xmlNode* include, const std::string& presetName, PresetType readAs);
 
@@ -318,6 +332,8 @@ class ReaderReport {
     std::set<PresetType> mUnreadPresetTypes;
     // The endpoint sections met so far, by their owner and endpoint.
     std::map<std::pair<const xmlNode*, Endpoint>, const xmlNode*> mEndpointSections;
+    // The elements of the section whose values a finding already explains.
+    std::set<const xmlNode*> mExplained;
 };
 
 }  // namespace ovela

@@ -42,9 +42,11 @@ void readRow(std::string_view text, std::vector<int>& row, RowProblems* problems
         row.push_back(value);
         if (problems != nullptr) {
             if (numberEnd == field || !onlySpace(numberEnd, fieldEnd)) {
-                problems->notNumbers.push_back(
-                    {std::string(field, fieldEnd), value, numberEnd == field});
-            } else if (number != value) {
+                if (++problems->notNumberCount <= RowProblems::kKept) {
+                    problems->notNumbers.push_back(
+                        {std::string(field, fieldEnd), value, numberEnd == field});
+                }
+            } else if (number != value && ++problems->outOfRangeCount <= RowProblems::kKept) {
                 problems->outOfRange.emplace_back(std::string(field, fieldEnd), value);
             }
         }

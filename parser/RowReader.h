@@ -1,6 +1,7 @@
 #ifndef OVELA_ROW_READER_H
 #define OVELA_ROW_READER_H
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -9,8 +10,12 @@
 // Reading of comma-separated rows; not part of the library's interface.
 namespace ovela {
 
-// What reading a row found besides its numbers, for a load that reports.
+// What reading a row found besides its numbers, for a load that reports. Of
+// each kind of field only the first few are kept, and the rest counted, so a
+// row of millions of bad fields costs no more than a row of a few.
 struct RowProblems {
+    static constexpr size_t kKept = 8;
+
     // Fields that a run of commas, or a comma at the start, leaves empty. A
     // comma at the end leaves nothing behind.
     int emptyFields = 0;
@@ -21,8 +26,10 @@ struct RowProblems {
         bool repeats;  // it holds no number at all and repeats the value before it
     };
     std::vector<NotANumber> notNumbers;
+    size_t notNumberCount = 0;
     // Numbers past the int range, with the value each wraps to.
     std::vector<std::pair<std::string, int>> outOfRange;
+    size_t outOfRangeCount = 0;
 };
 
 // Appends the numbers of `text` to `row`. Runs of commas separate like one, so

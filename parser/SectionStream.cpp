@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 namespace ovela {
 
@@ -50,6 +51,7 @@ bool SectionStream::parse(const std::string& bytes, const std::string& url, Visi
     // own.
     mParser->sax->startElementNs = startElement;
     mParser->sax->endElementNs = endElement;
+    mParser->sax->getEntity = getEntity;
     mParser->_private = this;
     mVisit = visit;
     mContext = context;
@@ -76,6 +78,9 @@ void SectionStream::startElement(void* context, const xmlChar* localName, const 
     if (self == nullptr || parser != self->mParser || element == nullptr) {
         return;
     }
+    if (!self->mUndeclared.empty()) {
+        self->noteDroppedReferences(element);
+    }
     if (self->mRoot == nullptr) {
         if (element->parent == reinterpret_cast<xmlNode*>(parser->myDoc)) {
             self->mRoot = element;
@@ -97,6 +102,47 @@ void SectionStream::endElement(void* context, const xmlChar* localName, const xm
         self->mRoot != nullptr && element->parent == self->mRoot) {
         self->mVisit(self->mContext, element);
     }
+}
+
+xmlEntity* SectionStream::getEntity(void* context, const xmlChar* name) {
+    xmlEntity* entity = xmlSAX2GetEntity(context, name);
+    auto* parser = static_cast<xmlParserCtxt*>(context);
+    auto* self = static_cast<SectionStream*>(parser->_private);
+    if (entity == nullptr && self != nullptr && parser == self->mParser) {
+        self->mUndeclared.insert(xml::toString(name));
+    }
+    return entity;
+}
+
+void SectionStream::noteDroppedReferences(const xmlNode* element) {
+    // The parser stands at the end of the start tag, which holds no '<' but
+    // its first character: its attributes are there as the file writes them.
+    const xmlParserInput* input = mParser->input;
+    const xmlChar* start = input->cur;
+    while (start > input->base && *start != '<') {
+        --start;
+    }
+    const std::string_view tag(reinterpret_cast<const char*>(start), input->cur - start);
+    constexpr const char* kBlanks = " \t\r\n";
+    for (size_t at = tag.find_first_of(kBlanks); at < tag.size();) {
+        const size_t name = tag.find_first_not_of(kBlanks, at);
+        const size_t equals = tag.find('=', name);
+        const size_t open = tag.find_first_of("\"'", equals);
+        const size_t close = open == std::string_view::npos ? open : tag.find(tag[open], open + 1);
+        if (close == std::string_view::npos) {
+            break;
+        }
+        std::string_view attribute = tag.substr(name, equals - name);
+        attribute = attribute.substr(0, attribute.find_first_of(kBlanks));
+        const std::string_view value = tag.substr(open + 1, close - open - 1);
+        for (const std::string& entity : mUndeclared) {
+            if (value.find("&" + entity + ";") != std::string_view::npos) {
+                mDropped.push_back({element, xmlGetLineNo(element), std::string(attribute), entity});
+            }
+        }
+        at = close + 1;
+    }
+    mUndeclared.clear();
 }
 
 void SectionStream::freeSectionsBefore(const xmlNode* stop) {

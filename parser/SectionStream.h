@@ -3,7 +3,9 @@
 
 #include <libxml/tree.h>
 
+#include <set>
 #include <string>
+#include <vector>
 
 #include "XmlNodes.h"
 
@@ -37,6 +39,19 @@ class SectionStream {
     const xmlDoc* document() const { return mDocument.get(); }
     bool hasRoot() const { return mRoot != nullptr; }
 
+    // An entity reference that libxml2 left out of an attribute value
+    // because the document declares no such entity (it may be declared in an
+    // external DTD, which is never read).
+    struct DroppedReference {
+        const xmlNode* element;  // valid while its section is visited
+        long line;
+        std::string attribute;
+        std::string entity;
+    };
+    // Every one so far, in document order: those of a section come before it
+    // is visited.
+    const std::vector<DroppedReference>& droppedReferences() const { return mDropped; }
+
   private:
     struct Input;
     static void startElement(void* context, const xmlChar* localName, const xmlChar* prefix,
@@ -44,6 +59,10 @@ class SectionStream {
                              int attributeCount, int defaultedCount, const xmlChar** attributes);
     static void endElement(void* context, const xmlChar* localName, const xmlChar* prefix,
                            const xmlChar* uri);
+    static xmlEntity* getEntity(void* context, const xmlChar* name);
+    // Finds the attributes of `element`, whose start tag the parser has just
+    // read, that referred to the undeclared entities met since the last one.
+    void noteDroppedReferences(const xmlNode* element);
     // Frees the root's children before `stop` (all of them for null).
     void freeSectionsBefore(const xmlNode* stop);
 
@@ -53,6 +72,8 @@ class SectionStream {
     xmlNode* mRoot = nullptr;
     Visit mVisit = nullptr;
     void* mContext = nullptr;
+    std::set<std::string> mUndeclared;
+    std::vector<DroppedReference> mDropped;
 };
 
 }  // namespace ovela

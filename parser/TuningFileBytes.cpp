@@ -92,6 +92,12 @@ bool readAll(Read read, size_t expected, size_t limit, std::string* bytes) {
     }
     bytes->resize(filled);
     char piece[kPieceSize];
+    if (count > 0 && (count = read(piece, sizeof(piece))) > 0) {
+        // Decompressed bytes follow: room for all that may come, taken up
+        // only as it fills, so that the string never holds two copies.
+        bytes->reserve(limit + sizeof(piece));
+        bytes->append(piece, count);
+    }
     while (count > 0 && bytes->size() <= limit) {
         count = read(piece, sizeof(piece));
         bytes->append(piece, std::max(count, 0L));

@@ -164,20 +164,36 @@ int TuningFileParser::parseSource(const std::string& source) {
     bool hasRoot = false;
     {
         SectionStream stream(documentReport.options());
+        struct Visit {
+            TuningFileParser* parser;
+            const SectionStream* stream;
+            size_t droppedSeen;
+        } visit{this, &stream, 0};
         wellFormed = stream.parse(
             source, mTuningFilePath,
-            [](void* self, xmlNode* section) {
-                auto* parser = static_cast<TuningFileParser*>(self);
-                if (!parser->mLoadFailed) {
-                    parser->parseSection(section);
+            [](void* context, xmlNode* section) {
+                auto* visit = static_cast<Visit*>(context);
+                TuningFileParser* parser = visit->parser;
+                if (parser->mLoadFailed) {
+                    return;
                 }
+                parser->mReport.beginSection();
+                const auto& dropped = visit->stream->droppedReferences();
+                for (; visit->droppedSeen < dropped.size(); ++visit->droppedSeen) {
+                    parser->droppedReference(dropped[visit->droppedSeen], section);
+                }
+                parser->parseSection(section);
             },
-            this);
+            &visit);
         hasRoot = stream.hasRoot();
         if (!wellFormed) {
             mReport.discardSince(mark);
         }
-        documentReport.parsed(wellFormed ? stream.document() : nullptr);
+        std::vector<std::pair<long, std::string>> explained;
+        for (const SectionStream::DroppedReference& dropped : stream.droppedReferences()) {
+            explained.emplace_back(dropped.line, dropped.entity);
+        }
+        documentReport.parsed(wellFormed ? stream.document() : nullptr, explained);
     }
     if (!wellFormed) {
         restore(before);
@@ -293,14 +309,30 @@ void TuningFileParser::reportLinks() {
 void TuningFileParser::parseNode(xmlNode* first) {
     for (xmlNode* node = first; node != nullptr && !mLoadFailed; node = node->next) {
         if (xml::isElement(node)) {
+            mReport.beginSection();
             parseSection(node);
         }
     }
     mContents.parsed = true;
 }
 
+void TuningFileParser::droppedReference(const SectionStream::DroppedReference& dropped,
+                                        const xmlNode* section) {
+    const xmlNode* node = dropped.element;
+    while (node != nullptr && node != section) {
+        node = node->parent;
+    }
+    // The root's own attributes are not read.
+    if (node == nullptr) {
+        return;
+    }
+    const std::string element = xml::toString(dropped.element->name);
+    READER_LOGE("%s() %s of <%s> refers to &%s;, which the file does not declare: read without it",
+                __func__, dropped.attribute.c_str(), element.c_str(), dropped.entity.c_str());
+    mReport.droppedReference(dropped.element, dropped.attribute, dropped.entity);
+}
+
 void TuningFileParser::parseSection(xmlNode* element) {
-    mReport.beginSection();
     const Section* section = findByName(kSectionElements, xml::nameOf(element));
     if (section == nullptr) {
         mReport.unknownElement(element, kSectionElements);

@@ -11,6 +11,7 @@
 #include "EntityArena.h"
 #include "PresetType.h"
 #include "ReaderReport.h"
+#include "SectionStream.h"
 #include "XmlNodes.h"
 
 namespace ovela {
@@ -115,8 +116,12 @@ class TuningFileParser {
     int rootMissing();
     // Deletes what was added since `before` and puts it back.
     void restore(const TuningFileContents& before);
-    // Reads one child element of the root.
+    // Reads one child element of the root; call ReaderReport::beginSection
+    // first.
     void parseSection(xmlNode* element);
+    // Logs and reports an entity reference that libxml2 left out of an
+    // attribute of an element in `section`.
+    void droppedReference(const SectionStream::DroppedReference& dropped, const xmlNode* section);
     // What a parse that reports adds at the end: links that point at nothing.
     void reportLinks();
 

@@ -4,6 +4,8 @@
 #include <libxml/hash.h>
 #include <libxml/parser.h>
 
+#include <algorithm>
+
 #include "LoadReport.h"
 
 namespace ovela {
@@ -51,10 +53,12 @@ int XmlDocumentReport::options() const {
 
 void XmlDocumentReport::collect(void* context, xmlError* error) {
     auto* self = static_cast<XmlDocumentReport*>(context);
-    self->mErrors.push_back({error->level, error->line, error->int2, trimmed(error->message)});
+    self->mErrors.push_back({error->code, error->str1 == nullptr ? "" : error->str1, error->level,
+                             error->line, error->int2, trimmed(error->message)});
 }
 
-void XmlDocumentReport::parsed(const xmlDoc* document) {
+void XmlDocumentReport::parsed(const xmlDoc* document,
+                               const std::vector<std::pair<long, std::string>>& explained) {
     restore();
     if (mReport == nullptr) {
         return;
@@ -72,7 +76,13 @@ void XmlDocumentReport::parsed(const xmlDoc* document) {
         return;
     }
     for (const Error& error : mErrors) {
-        mReport->addAt(rules::kXmlWarning, error.line, error.column, error.message);
+        const bool isExplained = error.code == XML_WAR_UNDECLARED_ENTITY &&
+                                 std::find(explained.begin(), explained.end(),
+                                           std::make_pair(static_cast<long>(error.line),
+                                                          error.subject)) != explained.end();
+        if (!isExplained) {
+            mReport->addAt(rules::kXmlWarning, error.line, error.column, error.message);
+        }
     }
     const xmlDtd* declarations = document->intSubset;
     if (declarations != nullptr && declarations->entities != nullptr &&

@@ -5,6 +5,7 @@
 #include <libxml/xmlerror.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 // What libxml2 says while it reads a tuning file, for a load that reports;
@@ -28,11 +29,16 @@ class XmlDocumentReport {
     // holds every node, whitespace text included; compact small text, and,
     // with a report, line numbers past 65535.
     int options() const;
-    // Call with what xmlReadFile returned.
-    void parsed(const xmlDoc* document);
+    // Call with what xmlReadFile returned. libxml2's warnings about the
+    // undeclared entities of `explained` (entity names by line), which the
+    // reader reports itself, are left out.
+    void parsed(const xmlDoc* document,
+                const std::vector<std::pair<long, std::string>>& explained = {});
 
   private:
     struct Error {
+        int code;
+        std::string subject;  // what the error names, such as an entity
         int level;
         long line;
         long column;

@@ -134,6 +134,30 @@ TEST(TuningFileParserTest, ValueExpandedPastItsBoundsReadsAsEmpty) {
                        "references: read as empty"}));
 }
 
+// An entity that only an external DTD could declare: libxml2 leaves the
+// reference out of the value, and the reader says so.
+TEST(TuningFileParserTest, ReferenceToAnUndeclaredEntityReadsWithoutItAndIsLogged) {
+    LogCapture log;
+    TuningFileParser parser;
+    ASSERT_EQ(loadText(parser,
+                       "<?xml version=\"1.0\"?>\n"
+                       "<!DOCTYPE tuning_file SYSTEM \"tuning.dtd\">\n<tuning_file> "
+                       "<profile id=\"1\" name=\"p\"> <settings> "
+                       "<ieq-amount value=\"&amount;\"/> "
+                       "<drc-metadata data=\"1,&two;,3\"/> </settings> "
+                       "</profile> </tuning_file>\n"),
+              0);
+    EXPECT_EQ(textsOf(parser.getDeviceData()->getProfiles()),
+              Strings{"id=-1\nprofileId=1\nname=p\nselectedIeqPreset=off\nselectedGeqPreset=1\n"
+                      "custom_drc_metadata=1,3,\nieq_amount=0,\n"});
+    EXPECT_EQ(log.messages("TuningFileParser", ANDROID_LOG_ERROR),
+              (Strings{"droppedReference() value of <ieq-amount> refers to &amount;, which the "
+                       "file does not declare: read without it",
+                       "droppedReference() data of <drc-metadata> refers to &two;, which the file "
+                       "does not declare: read without it",
+                       "name is invalid, 367"}));
+}
+
 TEST(TuningFileParserTest, ElementsWrittenWithoutWhitespaceLoseTheirFirstChild) {
     LogCapture log;
     TuningFileParser parser;

@@ -140,6 +140,14 @@ const std::string kWarmPreset =
 const std::string kTuningEnd = "        </data>\n    </tuning>\n";
 const std::string kProfileEnd = "        <include preset=\"ieq_warm\"/>\n    </profile>\n";
 
+std::string attributes(int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) {
+        text += " a" + std::to_string(i) + "=\"1\"";
+    }
+    return text;
+}
+
 INSTANTIATE_TEST_SUITE_P(
     EveryRule, LoadReportTest,
     ::testing::Values(
@@ -292,6 +300,15 @@ INSTANTIATE_TEST_SUITE_P(
              {{"mono_device=\"false\"", "mono_device=\"true\""},
               {"<volume-leveler-amount value=\"7\"/>", "<virtualizer-enable value=\"true\"/>"}},
              "mono-speaker@23 note"},
+        Case{"ElementWithTooManyAttributes",
+             {{"target=\"2\"", "target=\"2\"" + attributes(256)}},
+             "attribute-count@15 error"},
+        Case{"ValueOfAnEntityThatTheFileDoesNotDeclare",
+             {{"<tuning_file>", "<!DOCTYPE tuning_file SYSTEM \"tuning.dtd\">\n<tuning_file>"},
+              {"<ieq-amount value=\"7\"/>", "<ieq-amount value=\"&amount;\"/>"}},
+             "entity-expansion@22 warning",
+             "value of <ieq-amount> refers to &amount;, which the file does not declare (an "
+             "external DTD is never read): it reads as \"\""},
         Case{"EntityDeclaration",
              {{"<tuning_file>", "<!DOCTYPE tuning_file [<!ENTITY e \"1\">]>\n<tuning_file>"}},
              "entity-declaration@3 note"}),
