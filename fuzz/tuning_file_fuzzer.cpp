@@ -10,11 +10,11 @@
 #include <ovela/OvlProfileId.h>
 #include <ovela/ProfileParamArray.h>
 #include <ovela/ProfileParamCache.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -33,29 +33,23 @@ namespace {
 constexpr uint32_t kSharedStoreShare = 8;
 constexpr size_t kProfileArrays = kLastProfileId - kGeneralProfileId + 1;
 
-// The library reads tuning files by path: each input is written here.
+// The library reads tuning files by path: each input is written to a file in
+// memory, which its descriptor's name reaches, so that no input touches a disk.
+int gInput = -1;
 std::string gPath;
 
 volatile int32_t gValueSink;
 
-void removeInputFile() {
-    unlink(gPath.c_str());
-}
-
 void createInputFile() {
-    char name[] = "/tmp/ovela-fuzz-XXXXXX.xml";
-    int fd = mkstemps(name, 4);
-    require(fd >= 0, "cannot create the input file");
-    close(fd);
-    gPath = name;
-    atexit(removeInputFile);
+    gInput = memfd_create("ovela-fuzz-input", MFD_CLOEXEC);
+    require(gInput >= 0, "cannot create the input file");
+    gPath = "/proc/self/fd/" + std::to_string(gInput);
 }
 
 void writeInput(const uint8_t* data, size_t size) {
-    FILE* file = fopen(gPath.c_str(), "wb");
-    require(file != nullptr, "cannot open the input file");
-    require(fwrite(data, 1, size, file) == size, "cannot write the input file");
-    fclose(file);
+    require(ftruncate(gInput, 0) == 0 &&
+                pwrite(gInput, data, size, 0) == static_cast<ssize_t>(size),
+            "cannot write the input file");
 }
 
 uint32_t hashOf(const uint8_t* data, size_t size) {

@@ -3,6 +3,11 @@
 // the sanitizers too; none may take the process down.
 
 #include <gtest/gtest.h>
+#include <libxml/xmlIO.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -15,6 +20,7 @@
 #include <vector>
 
 #include "AudioDevices.h"
+#include "LoadReport.h"
 #include "LogCapture.h"
 #include "PackedWords.h"
 #include "ProfileParamArray.h"
@@ -26,6 +32,7 @@ namespace ovela {
 namespace {
 
 using testing::billionLaughs;
+using testing::fileText;
 using testing::LogCapture;
 using testing::numbers;
 using testing::packed;
@@ -214,6 +221,100 @@ TEST(HostileFilesTest, FiftyMegabytesOfNestedElementsLoadLikeTheFileWithoutThem)
     ASSERT_EQ(testing::entriesOf(expected.arrays.at("profile 2")).size(), 5u);
     ASSERT_EQ(expected.arrays.at("tuning usb"), packed(0, {{kDeviceUsb, kyrCode("beb"), {9}}}));
     EXPECT_EQ(snapshotOf(store), expected);
+}
+
+// A folder of paths that are no tuning file a load could read in time: a FIFO
+// without a writer, a socket, a sparse file past 64 MiB, a gzip file that
+// decompresses past 64 MiB. Removed with the object.
+class HostilePaths {
+  public:
+    HostilePaths() {
+        char folder[] = "/tmp/ovela-hostile-XXXXXX";
+        mFolder = mkdtemp(folder) != nullptr ? folder : "";
+        mkfifo(fifo().c_str(), 0600);
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        strncpy(address.sun_path, socket().c_str(), sizeof(address.sun_path) - 1);
+        mSocket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+        bind(mSocket, reinterpret_cast<sockaddr*>(&address), sizeof(address));
+        FILE* sparse = fopen(huge().c_str(), "w");
+        fputs("<tuning_file>", sparse);
+        fclose(sparse);
+        truncate(huge().c_str(), (64 << 20) + 1);
+        // Written through libxml2's own gzip output, 70 MiB of comment.
+        xmlOutputBuffer* out = xmlOutputBufferCreateFilename(bomb().c_str(), nullptr, 1);
+        const std::string start = "<tuning_file>\n<!-- ";
+        const std::string piece(1 << 20, 'x');
+        xmlOutputBufferWrite(out, static_cast<int>(start.size()), start.data());
+        for (int i = 0; i < 70; ++i) {
+            xmlOutputBufferWrite(out, static_cast<int>(piece.size()), piece.data());
+        }
+        xmlOutputBufferClose(out);
+    }
+    ~HostilePaths() {
+        close(mSocket);
+        for (const std::string& path : {fifo(), socket(), huge(), bomb()}) {
+            unlink(path.c_str());
+        }
+        rmdir(mFolder.c_str());
+    }
+
+    std::string folder() const { return mFolder; }
+    std::string fifo() const { return mFolder + "/fifo.xml"; }
+    std::string socket() const { return mFolder + "/socket.xml"; }
+    std::string huge() const { return mFolder + "/huge.xml"; }
+    std::string bomb() const { return mFolder + "/bomb.xml.gz"; }
+
+  private:
+    std::string mFolder;
+    int mSocket = -1;
+};
+
+std::string attributes(int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) {
+        text += " a" + std::to_string(i) + "=\"1\"";
+    }
+    return text;
+}
+
+// Each path or input makes the load fail with its rule, leaving the store as
+// it was, and returns at once; a load that hangs fails the suite by its
+// timeout.
+TEST(HostileFilesTest, PathsAndInputsThatCouldHangOrExhaustTheLoadFailAtOnce) {
+    const HostilePaths paths;
+    ASSERT_FALSE(paths.folder().empty());
+    TempFile crowded(
+        tuningFile("    <profile id=\"1\"" + attributes(100000) + ">\n    </profile>\n"));
+    TempFile longRow(
+        tuningFile(profile(1, "            <drc-metadata data=\"" + numbers(10000000) + "\"/>\n")));
+    const struct {
+        std::string path;
+        const char* rule;
+    } hostile[] = {
+        {paths.fifo(), "file-unreadable"},   {paths.socket(), "file-unreadable"},
+        {"/dev/zero", "file-unreadable"},    {paths.folder(), "file-unreadable"},
+        {paths.huge(), "file-size"},         {paths.bomb(), "document-size"},
+        {crowded.path(), "attribute-count"}, {longRow.path(), "xml-syntax"},
+    };
+    ProfileParamArray store(sampleFile());
+    const Snapshot before = snapshotOf(store);
+    LogCapture log;
+    for (const auto& input : hostile) {
+        SCOPED_TRACE(input.path);
+        LoadReport report;
+        store.loadXMLFile(input.path, &report);
+        ASSERT_FALSE(report.findings().empty());
+        EXPECT_EQ(report.findings().front().rule, input.rule);
+        EXPECT_EQ(snapshotOf(store), before);
+    }
+    // The sample cut short anywhere is no document.
+    const std::string sample = fileText(sampleFile());
+    for (size_t length = 0; length < sample.size(); length += 997) {
+        TempFile cut(sample.substr(0, length));
+        store.loadXMLFile(cut.path());
+        EXPECT_EQ(snapshotOf(store), before) << "the first " << length << " bytes";
+    }
 }
 
 // One array of each kind, filled to the last word of its room by one entry,
