@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <memory>
 #include <string_view>
@@ -18,24 +19,81 @@ constexpr size_t kPieceSize = 64 << 10;
 // The XML declaration, where an encoding is declared, is short.
 constexpr size_t kDeclarationLength = 256;
 
+// The bytes that the scan below stops at.
+constexpr char kMarks[] = "<&=";
+
+// The line breaks in `text` as libxml2 counts them: CR LF, LF and a lone CR;
+// `before` is the byte before the text.
+long lineBreaksIn(std::string_view text, char before) {
+    long breaks = 0;
+    const char* const end = text.data() + text.size();
+    for (const char* at = text.data();
+         (at = static_cast<const char*>(memchr(at, '\r', end - at))) != nullptr; ++at) {
+        ++breaks;
+    }
+    for (const char* at = text.data();
+         (at = static_cast<const char*>(memchr(at, '\n', end - at))) != nullptr; ++at) {
+        breaks += (at == text.data() ? before : at[-1]) != '\r';
+    }
+    return breaks;
+}
+
 // Counts, from one literal '<' to the next, the '=' that follow a name, as the
 // characters of UTF-8 (or of an encoding that writes markup characters as
-// ASCII) come in, in any pieces.
+// ASCII) come in, in any pieces. Most bytes matter to nothing here: the scan
+// skips them with one table lookup each.
 class Scanner {
   public:
     explicit Scanner(MarkupScan& scan) : mScan(scan) {}
 
-    // False once an element is crowded.
+    // False once an element is crowded. `text` is followed by a NUL, or by
+    // more of the document.
     bool feed(std::string_view text) {
-        for (char c : text) {
-            if (c == '\n' || (c != '\r' && mAfterCr)) {
-                ++mLine;
+        const char* const begin = text.data();
+        const char* const end = begin + text.size();
+        for (const char* at = begin; at < end && mScan.crowdedLine == 0;) {
+            if (mReference != Reference::NONE && continueReference(*at)) {
+                ++at;
+                continue;
             }
-            mAfterCr = c == '\r';
-            literal(c);
-            if (mScan.crowdedLine != 0) {
-                return false;
+            // strcspn stops at a NUL too, which the document may hold.
+            at = std::min(at + strcspn(at, kMarks), end);
+            if (at == end) {
+                break;
             }
+            switch (*at) {
+                case '<':
+                    ++mScan.openings;
+                    mEquals = 0;
+                    mElement = at;
+                    break;
+                case '&':
+                    mReference = Reference::AMPERSAND;
+                    mBeforeReference = before(begin, at);
+                    break;
+                case '=':
+                    equals(before(begin, at));
+                    break;
+            }
+            ++at;
+        }
+        if (mScan.crowdedLine != 0) {
+            mScan.crowdedLine =
+                mElement == nullptr
+                    ? mElementLine
+                    : 1 + mBreaks +
+                          lineBreaksIn(std::string_view(begin, mElement - begin), mLastByte);
+            return false;
+        }
+        if (!text.empty()) {
+            if (mElement != nullptr) {
+                mElementLine = 1 + mBreaks +
+                               lineBreaksIn(std::string_view(begin, mElement - begin), mLastByte);
+                mElement = nullptr;
+            }
+            mBreaks += lineBreaksIn(text, mLastByte);
+            mCarried = before(begin, end);
+            mLastByte = end[-1];
         }
         return true;
     }
@@ -43,6 +101,8 @@ class Scanner {
   private:
     // A character reference in the middle of being read.
     enum class Reference { NONE, AMPERSAND, HASH, DECIMAL, HEX };
+
+    static bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
     static bool isNameCharacter(uint32_t c) {
         // A character reference's ';' may stand for a name character.
@@ -58,22 +118,23 @@ class Scanner {
         return base == 16 && lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
     }
 
-    void literal(char c) {
-        if (continueReference(c)) {
-            return;
+    // The last character before `at` that is no blank, in this piece or the
+    // ones before.
+    uint32_t before(const char* begin, const char* at) const {
+        while (at > begin && isSpace(at[-1])) {
+            --at;
         }
-        if (c == '<') {
-            ++mScan.openings;
-            mEquals = 0;
-            mElementLine = mLine;
-        } else if (c == '&') {
-            mReference = Reference::AMPERSAND;
-            return;
-        }
-        character(static_cast<unsigned char>(c));
+        return at > begin ? static_cast<unsigned char>(at[-1]) : mCarried;
     }
 
-    // Reads `c` as part of a character reference; false when it is not one.
+    void equals(uint32_t before) {
+        if (isNameCharacter(before) && ++mEquals > kMaxAttributesPerElement) {
+            mScan.crowdedLine = 1;
+        }
+    }
+
+    // Reads `c` as part of a character reference; false when it is not one,
+    // and the reference is over.
     bool continueReference(char c) {
         switch (mReference) {
             case Reference::NONE:
@@ -108,32 +169,30 @@ class Scanner {
         return true;
     }
 
-    // A character written as a reference: an '&' may start another one, as it
-    // does when an entity's text is read again.
+    // A character written as a reference, as an entity's text may hold one:
+    // an '&' may start another reference, as it does when that text is read
+    // again.
     void decoded(uint32_t c) {
         if (c == '&') {
             mReference = Reference::AMPERSAND;
-        } else {
-            character(c);
-        }
-    }
-
-    void character(uint32_t c) {
-        if (c == '=' && isNameCharacter(mBeforeEquals) && ++mEquals > kMaxAttributesPerElement) {
-            mScan.crowdedLine = mElementLine;
-        }
-        if (c != ' ' && c != '\t' && c != '\r' && c != '\n') {
-            mBeforeEquals = c;
+        } else if (c == '=') {
+            equals(mBeforeReference);
         }
     }
 
     MarkupScan& mScan;
-    long mLine = 1;
-    bool mAfterCr = false;
+    // The line breaks of the pieces before; where in this piece the last
+    // element started, or null when it started in one before, on this line.
+    long mBreaks = 0;
+    const char* mElement = nullptr;
     long mElementLine = 1;
     size_t mEquals = 0;
-    uint32_t mBeforeEquals = 0;
+    // The last character of the pieces before that is no blank, and their
+    // last byte.
+    uint32_t mCarried = 0;
+    char mLastByte = 0;
     Reference mReference = Reference::NONE;
+    uint32_t mBeforeReference = 0;
     uint32_t mValue = 0;
 };
 
