@@ -29,10 +29,10 @@ TEST(GeneralReaderTest, EndpointsNeedAFirstAttributeIdWithAnExactName) {
     EXPECT_EQ(parser.getDeviceData()->getGeneral()->toString(), "id=-1\n");
     EXPECT_EQ(textsOf(parser.getDeviceData()->getGeneralEndpoints()),
               (Strings{"id=-1\nendpoint=bluetooth\nauxiliary_system_gain=-9,\n",
+                       "id=-1\nendpoint=remote_submix\n",
                        "id=-1\nendpoint=other\nauxiliary_system_gain=1,\n",
                        "id=-1\nendpoint=other\nauxiliary_system_gain=2,\n",
-                       "id=-1\nendpoint=other\nauxiliary_system_gain=3,\n",
-                       "id=-1\nendpoint=remote_submix\n"}));
+                       "id=-1\nendpoint=other\nauxiliary_system_gain=3,\n"}));
 }
 
 TEST(GeneralReaderTest, SecondGeneralSectionReplacesTheFirst) {

@@ -4,7 +4,6 @@
 #include <libxml/parser.h>
 #include <libxml/tree.h>
 
-#include <algorithm>
 #include <set>
 #include <string>
 #include <vector>
@@ -27,14 +26,13 @@ inline int loadText(TuningFileParser& parser, const std::string& xml) {
     return parser.setTuningFile(file.path());
 }
 
-// The texts of a set's entities, sorted: the sets are ordered by address.
+// The texts of a set's entities, in the set's order: the file's.
 template <typename Entity>
 std::vector<std::string> textsOf(const std::set<Entity*>& entities) {
     std::vector<std::string> texts;
     for (Entity* entity : entities) {
         texts.push_back(entity->toString());
     }
-    std::sort(texts.begin(), texts.end());
     return texts;
 }
 

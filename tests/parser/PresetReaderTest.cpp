@@ -38,9 +38,9 @@ TEST(PresetReaderTest, IeqPresetTypeIsTheFirstWordFoundInItsIdAndOtherTypesCreat
         0);
     const std::string bands = "ieq_frequency=100,\nieq_target=1,\n";
     EXPECT_EQ(textsOf(parser.getDeviceData()->getIeqPresets()),
-              (Strings{"id=-1\ntype=balanced\n" + bands, "id=-1\ntype=balanced\n" + bands,
-                       "id=-1\ntype=detailed\n" + bands, "id=-1\ntype=off\n" + bands,
-                       "id=-1\ntype=warm\n" + bands}));
+              (Strings{"id=-1\ntype=detailed\n" + bands, "id=-1\ntype=warm\n" + bands,
+                       "id=-1\ntype=off\n" + bands, "id=-1\ntype=balanced\n" + bands,
+                       "id=-1\ntype=balanced\n" + bands}));
     EXPECT_TRUE(parser.getDeviceData()->getGeqPresets().empty());
     EXPECT_TRUE(log.messages("TuningFileParser", ANDROID_LOG_ERROR).empty());
 }

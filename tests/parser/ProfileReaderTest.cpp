@@ -50,10 +50,10 @@ TEST(ProfileReaderTest, ProfilesWithTheSameIdAreBothKeptAndTheLaterNameWins) {
         <profile id="2" name="jazz"> <settings/> <include preset="ieq_balanced"/> </profile>)")),
               0);
     EXPECT_EQ(textsOf(parser.getDeviceData()->getProfiles()),
-              (Strings{"id=-1\nprofileId=2\nname=jazz\nselectedIeqPreset=balanced\n"
-                       "selectedGeqPreset=2\n",
-                       "id=-1\nprofileId=2\nname=music\nselectedIeqPreset=warm\n"
-                       "selectedGeqPreset=2\ncustom_drc_metadata=0,\n"}));
+              (Strings{"id=-1\nprofileId=2\nname=music\nselectedIeqPreset=warm\n"
+                       "selectedGeqPreset=2\ncustom_drc_metadata=0,\n",
+                       "id=-1\nprofileId=2\nname=jazz\nselectedIeqPreset=balanced\n"
+                       "selectedGeqPreset=2\n"}));
     EXPECT_EQ(parser.getNumOfProfiles(), 2);
     EXPECT_EQ(parser.getProfileName(2), "jazz");
 }
@@ -104,9 +104,9 @@ TEST(ProfileReaderTest, EndpointNamesNeedAFirstAttributeIdAndFallBackToOther) {
               0);
     EXPECT_EQ(
         textsOf(parser.getDeviceData()->getProfileEndpoints()),
-        (Strings{"id=-1\nprofileId=1\nendpoint=other\n", "id=-1\nprofileId=1\nendpoint=other\n",
-                 "id=-1\nprofileId=1\nendpoint=other\n",
-                 "id=-1\nprofileId=1\nendpoint=remote_submix\n"}));
+        (Strings{"id=-1\nprofileId=1\nendpoint=remote_submix\n",
+                 "id=-1\nprofileId=1\nendpoint=other\n", "id=-1\nprofileId=1\nendpoint=other\n",
+                 "id=-1\nprofileId=1\nendpoint=other\n"}));
 }
 
 }  // namespace

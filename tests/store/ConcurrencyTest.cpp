@@ -86,12 +86,7 @@ Arrays arraysOf(ProfileParamArray& store) {
         arrays.profiles.push_back(profileWords(store, id));
     }
     for (const char* name : kTunings) {
-        // Without word 0, the tuning's ordinal: the store numbers the tunings
-        // in the order in which the model hands them over, which differs from
-        // one load to the next.
-        std::vector<int32_t> words = tuningWords(store, name);
-        words.erase(words.begin(), words.begin() + std::min<size_t>(words.size(), 1));
-        arrays.tunings.push_back(words);
+        arrays.tunings.push_back(tuningWords(store, name));
     }
     return arrays;
 }

@@ -107,22 +107,6 @@ inline void PrintTo(const Snapshot& snapshot, std::ostream* out) {
     }
 }
 
-// The snapshot with the entries of each array in a fixed order and without
-// the tunings' ordinals: what two loads of one file give whatever the order in
-// which the model's sets, ordered by address, list their entities.
-inline Snapshot canonical(Snapshot snapshot) {
-    for (auto& [what, words] : snapshot.arrays) {
-        std::vector<Entry> entries = entriesOf(words);
-        std::sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) {
-            return std::tie(a.device, a.code, a.values) < std::tie(b.device, b.code, b.values);
-        });
-        if (!words.empty()) {
-            words = packed(what.rfind("tuning ", 0) == 0 ? 0 : words[0], entries);
-        }
-    }
-    return snapshot;
-}
-
 inline Snapshot snapshotOf(ProfileParamArray& store) {
     Snapshot snapshot;
     for (OvlProfileId id = kGeneralProfileId; id <= kLastProfileId; ++id) {
