@@ -3,7 +3,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include <cstdint>
+#include <algorithm>
 #include <cstdlib>
 
 namespace ovela {
@@ -32,7 +32,8 @@ EntityArena::~EntityArena() {
 
 void EntityArena::reserve(size_t bytes) {
     if (mRegions.empty() || mRegions.back().size - mRegions.back().used < bytes) {
-        addRegion(bytes);
+        // Without that much address space, allocate() adds small regions.
+        mapRegion(bytes);
     }
 }
 
@@ -47,25 +48,29 @@ void* EntityArena::allocate(size_t size, size_t alignment) {
     }
     // Past what was reserved: the order still grows when the next region
     // lands above, which the address hint asks for.
-    addRegion(size);
+    const size_t room = std::max(size, kMinRegionSize);
+    if (!mapRegion(room)) {
+        // The heap still serves, in its own order.
+        void* begin = malloc(room);
+        if (begin == nullptr) {
+            abort();
+        }
+        mRegions.push_back({static_cast<unsigned char*>(begin), room, 0, false});
+    }
     mRegions.back().used = size;
     return mRegions.back().begin;
 }
 
-void EntityArena::addRegion(size_t bytes) {
-    const size_t size = roundedToPages(bytes < kMinRegionSize ? kMinRegionSize : bytes);
+bool EntityArena::mapRegion(size_t bytes) {
+    const size_t size = roundedToPages(std::max(bytes, kMinRegionSize));
     void* hint = mRegions.empty() ? nullptr : mRegions.back().begin + mRegions.back().size;
     void* begin = mmap(hint, size, PROT_READ | PROT_WRITE,
                        MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-    bool mapped = begin != MAP_FAILED;
-    if (!mapped) {
-        // Without address space to map, the heap still serves, in its order.
-        begin = malloc(size);
-        if (begin == nullptr) {
-            abort();
-        }
+    if (begin == MAP_FAILED) {
+        return false;
     }
-    mRegions.push_back({static_cast<unsigned char*>(begin), size, 0, mapped});
+    mRegions.push_back({static_cast<unsigned char*>(begin), size, 0, true});
+    return true;
 }
 
 }  // namespace ovela

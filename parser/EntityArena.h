@@ -31,7 +31,8 @@ class EntityArena {
 
     // Makes room for `bytes` more of entities in one piece of memory, so that
     // they follow those made so far. The room is only address space until it
-    // is used.
+    // is used; where the address space is short, the entities go into small
+    // regions as they come.
     void reserve(size_t bytes);
 
     template <typename T, typename... Args>
@@ -63,7 +64,9 @@ class EntityArena {
     };
 
     void* allocate(size_t size, size_t alignment);
-    void addRegion(size_t size);
+    // Maps a region of at least `bytes` after the last; false when the
+    // address space is not there.
+    bool mapRegion(size_t bytes);
 
     std::vector<Region> mRegions;
 };
