@@ -69,6 +69,14 @@ TEST(MarkupScanTest, CountsAttributesHoweverTheFileWritesThem) {
         {"in UTF-16", utf16("<r>\n" + crowded + "</r>"), 2},
         {"in UTF-16, past the first piece that is decoded",
          utf16("<r>\n" + longComment + crowded + "</r>"), 3},
+        {"with every '=' a character reference in hexadecimal",
+         "<!DOCTYPE r [\n<!ENTITY e \"" + replaced(replaced(crowded, "<", "&#60;"), "=", "&#x3d;") +
+             "\">\n]>\n<r>&e;</r>",
+         2},
+        {"after a byte order mark, in an encoding that the declaration names",
+         "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-7\"?>\n<r>\n" +
+             replaced(crowded, "=", "+AD0-") + "</r>",
+         3},
         {"in an encoding that the declaration names",
          "<?xml version=\"1.0\" encoding=\"UTF-7\"?>\n<r>\n" + replaced(crowded, "=", "+AD0-") +
              "</r>",

@@ -224,8 +224,8 @@ TEST(HostileFilesTest, FiftyMegabytesOfNestedElementsLoadLikeTheFileWithoutThem)
 }
 
 // A folder of paths that are no tuning file a load could read in time: a FIFO
-// without a writer, a socket, a sparse file past 64 MiB, a gzip file that
-// decompresses past 64 MiB. Removed with the object.
+// without a writer, a socket, sparse files of 64 MiB and one byte more, a
+// gzip file that decompresses past 64 MiB. Removed with the object.
 class HostilePaths {
   public:
     HostilePaths() {
@@ -237,9 +237,12 @@ class HostilePaths {
         strncpy(address.sun_path, socket().c_str(), sizeof(address.sun_path) - 1);
         mSocket = ::socket(AF_UNIX, SOCK_STREAM, 0);
         bind(mSocket, reinterpret_cast<sockaddr*>(&address), sizeof(address));
-        FILE* sparse = fopen(huge().c_str(), "w");
-        fputs("<tuning_file>", sparse);
-        fclose(sparse);
+        for (const std::string& path : {largest(), huge()}) {
+            FILE* sparse = fopen(path.c_str(), "w");
+            fputs("<tuning_file>", sparse);
+            fclose(sparse);
+        }
+        truncate(largest().c_str(), 64 << 20);
         truncate(huge().c_str(), (64 << 20) + 1);
         // Written through libxml2's own gzip output, 70 MiB of comment.
         xmlOutputBuffer* out = xmlOutputBufferCreateFilename(bomb().c_str(), nullptr, 1);
@@ -253,7 +256,7 @@ class HostilePaths {
     }
     ~HostilePaths() {
         close(mSocket);
-        for (const std::string& path : {fifo(), socket(), huge(), bomb()}) {
+        for (const std::string& path : {fifo(), socket(), largest(), huge(), bomb()}) {
             unlink(path.c_str());
         }
         rmdir(mFolder.c_str());
@@ -262,6 +265,7 @@ class HostilePaths {
     std::string folder() const { return mFolder; }
     std::string fifo() const { return mFolder + "/fifo.xml"; }
     std::string socket() const { return mFolder + "/socket.xml"; }
+    std::string largest() const { return mFolder + "/largest.xml"; }
     std::string huge() const { return mFolder + "/huge.xml"; }
     std::string bomb() const { return mFolder + "/bomb.xml.gz"; }
 
@@ -292,10 +296,11 @@ TEST(HostileFilesTest, PathsAndInputsThatCouldHangOrExhaustTheLoadFailAtOnce) {
         std::string path;
         const char* rule;
     } hostile[] = {
-        {paths.fifo(), "file-unreadable"},   {paths.socket(), "file-unreadable"},
-        {"/dev/zero", "file-unreadable"},    {paths.folder(), "file-unreadable"},
-        {paths.huge(), "file-size"},         {paths.bomb(), "document-size"},
-        {crowded.path(), "attribute-count"}, {longRow.path(), "xml-syntax"},
+        {paths.fifo(), "file-unreadable"}, {paths.socket(), "file-unreadable"},
+        {"/dev/zero", "file-unreadable"},  {paths.folder(), "file-unreadable"},
+        {paths.largest(), "xml-syntax"},   {paths.huge(), "file-size"},
+        {paths.bomb(), "document-size"},   {crowded.path(), "attribute-count"},
+        {longRow.path(), "xml-syntax"},
     };
     ProfileParamArray store(sampleFile());
     const Snapshot before = snapshotOf(store);
