@@ -17,6 +17,8 @@ std::string nested(int depth) {
     return text;
 }
 
+}  // namespace
+
 std::string replaced(std::string text, const std::string& from, const std::string& to) {
     for (size_t at = text.find(from); at != std::string::npos;
          at = text.find(from, at + to.size())) {
@@ -34,7 +36,13 @@ std::string utf16(const std::string& ascii) {
     return bytes;
 }
 
-}  // namespace
+std::string attributes(int count, char quote) {
+    std::string text;
+    for (int i = 0; i < count; ++i) {
+        text += " a" + std::to_string(i) + "=" + quote + "1" + quote;
+    }
+    return text;
+}
 
 std::vector<MalformedInput> malformedInputs() {
     return {

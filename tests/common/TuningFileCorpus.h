@@ -36,6 +36,15 @@ std::string sampleText();
 // A row of `count` numbers: "0,1,2,...", from 0 again after 99.
 std::string numbers(int count);
 
+// `text` with every `from` written as `to`.
+std::string replaced(std::string text, const std::string& from, const std::string& to);
+
+// The text in UTF-16, little-endian, behind its byte order mark.
+std::string utf16(const std::string& ascii);
+
+// " a0="1" a1="1" ...": `count` attributes, their values in `quote`.
+std::string attributes(int count, char quote = '"');
+
 // `text` with the first `from` written as `to`; a test fails when there is no
 // `from` to edit.
 std::string editedOnce(std::string text, const std::string& from, const std::string& to);

@@ -6,39 +6,18 @@
 #include <string>
 
 #include "MarkupScan.h"
+#include "TuningFileCorpus.h"
 
 namespace ovela {
 namespace {
 
-std::string attributes(int count, const char* quote = "\"") {
-    std::string text;
-    for (int i = 0; i < count; ++i) {
-        text += " a" + std::to_string(i) + "=" + quote + "1" + quote;
-    }
-    return text;
-}
-
-// The document in UTF-16, little-endian, with its byte order mark.
-std::string utf16(const std::string& ascii) {
-    std::string text = "\xFF\xFE";
-    for (char c : ascii) {
-        text += c;
-        text += '\0';
-    }
-    return text;
-}
-
-std::string replaced(std::string text, const std::string& from, const std::string& to) {
-    for (size_t at = text.find(from); at != std::string::npos;
-         at = text.find(from, at + to.size())) {
-        text.replace(at, from.size(), to);
-    }
-    return text;
-}
+using testing::attributes;
+using testing::replaced;
+using testing::utf16;
 
 TEST(MarkupScanTest, CountsAttributesHoweverTheFileWritesThem) {
     const std::string widest = "<e" + attributes(256) + "/>";
-    const std::string crowded = "<e" + attributes(257, "'") + "/>";
+    const std::string crowded = "<e" + attributes(257, '\'') + "/>";
     const std::string longComment = "<!-- " + std::string(100000, 'x') + " -->\n";
     const struct {
         const char* what;

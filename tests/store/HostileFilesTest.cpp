@@ -31,6 +31,7 @@
 namespace ovela {
 namespace {
 
+using testing::attributes;
 using testing::billionLaughs;
 using testing::fileText;
 using testing::LogCapture;
@@ -273,14 +274,6 @@ class HostilePaths {
     std::string mFolder;
     int mSocket = -1;
 };
-
-std::string attributes(int count) {
-    std::string text;
-    for (int i = 0; i < count; ++i) {
-        text += " a" + std::to_string(i) + "=\"1\"";
-    }
-    return text;
-}
 
 // Each path or input makes the load fail with its rule, leaving the store as
 // it was, and returns at once; a load that hangs fails the suite by its

@@ -16,6 +16,7 @@
 namespace ovela {
 namespace {
 
+using testing::attributes;
 using testing::LogCapture;
 using testing::Snapshot;
 using testing::snapshotOf;
@@ -138,14 +139,6 @@ const std::string kWarmPreset =
     "            </bands>\n        </ieq>\n    </preset>\n";
 const std::string kTuningEnd = "        </data>\n    </tuning>\n";
 const std::string kProfileEnd = "        <include preset=\"ieq_warm\"/>\n    </profile>\n";
-
-std::string attributes(int count) {
-    std::string text;
-    for (int i = 0; i < count; ++i) {
-        text += " a" + std::to_string(i) + "=\"1\"";
-    }
-    return text;
-}
 
 INSTANTIATE_TEST_SUITE_P(
     EveryRule, LoadReportTest,
