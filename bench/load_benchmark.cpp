@@ -41,7 +41,7 @@ void BM_StoreLoad(benchmark::State& state) {
     }
     for (auto _ : state) {
         ProfileParamArray store(path);
-        benchmark::DoNotOptimize(store);
+        benchmark::DoNotOptimize(store.getProfileParamsSize(kGeneralProfileId));
     }
     setFileCounters(state, path);
 }

@@ -22,6 +22,7 @@
 
 #include "FuzzSupport.h"
 #include "LoadReport.h"
+#include "ReportedLoads.h"
 
 namespace ovela::fuzz {
 
@@ -47,8 +48,7 @@ void createInputFile() {
 }
 
 void writeInput(const uint8_t* data, size_t size) {
-    require(ftruncate(gInput, 0) == 0 &&
-                pwrite(gInput, data, size, 0) == static_cast<ssize_t>(size),
+    require(ftruncate(gInput, 0) == 0 && pwrite(gInput, data, size, 0) == static_cast<ssize_t>(size),
             "cannot write the input file");
 }
 
@@ -175,7 +175,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         checkTunings(store);
     } else {
         LoadReport report;
-        ProfileParamArray store(gPath, &report);
+        const ReportedLoads reported(&report);
+        ProfileParamArray store(gPath);
         const bool loaded = checkProfiles(store) != 0;
         checkTunings(store);
         require(loaded != report.hasErrors(), "the report and the load disagree on the file");

@@ -6,7 +6,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/setup.sh build
+scripts/setup.sh build -DOVELA_BENCH=ON
 ctest --test-dir build --output-on-failure -j"$(nproc)"
 
 scripts/platform-build.sh >/dev/null

@@ -38,7 +38,7 @@ void ArrayBuilder::append(int32_t device, KyrParameterId code,
     mWords[1]++;
 }
 
-void ArrayBuilder::compose(int32_t device, const ParameterValues& entity) {
+void ArrayBuilder::composeParams(int32_t device, const ParameterValues& entity) {
     for (const auto& [param, list] : entity.values) {
         if (kParameterCodes[param] != 0 && !list.empty()) {
             append(device, kParameterCodes[param], {list});

@@ -27,8 +27,9 @@ class ArrayBuilder {
     // Appends one entry whose values are the runs, in order.
     void append(int32_t device, KyrParameterId code, std::initializer_list<ValueRun> runs);
     // Appends an entry for every parameter of `entity` that has an effect
-    // code and holds values.
-    void compose(int32_t device, const ParameterValues& entity);
+    // code and holds values, in parameter order: the one place where a
+    // parameter meets its code.
+    void composeParams(int32_t device, const ParameterValues& entity);
 
     // For a load that reports: every entry appended from now on is recorded
     // in `record` as coming from `source`, the element at `line`, `label`.

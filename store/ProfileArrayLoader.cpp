@@ -19,6 +19,7 @@
 #include "OvlProfileId.h"
 #include "ParamCodes.h"
 #include "ParamTables.h"
+#include "ProfileParamArray.h"
 #include "SpeakerData.h"
 #include "StoreReport.h"
 #include "TuningConversion.h"
@@ -73,13 +74,13 @@ class Load {
           mSpeaker(speaker),
           mReport(report),
           mConversion(tables, speaker, report),
-          mScratch(kBuilderCount * kProfileCapacity) {
+          mScratch(kBuilderCount * kProfileArrayWords) {
         mBuilders.reserve(kBuilderCount);
         for (size_t i = 0; i < kBuilderCount; ++i) {
             const OvlProfileId id =
                 i + 1 < kBuilderCount ? kFirstProfileId + static_cast<int>(i) : kGeneralProfileId;
-            mBuilders.emplace_back(mScratch.data() + i * kProfileCapacity, kProfileCapacity, id);
-            mBuilders.back().recordInto(mReport.profileRecord(id, kProfileCapacity));
+            mBuilders.emplace_back(mScratch.data() + i * kProfileArrayWords, kProfileArrayWords, id);
+            mBuilders.back().recordInto(mReport.profileRecord(id, kProfileArrayWords));
         }
     }
 
@@ -122,7 +123,7 @@ class Load {
                 byId[profile->getProfileId()].push_back(profile);
             }
             mReport.composed(*builder, EntrySource::PROFILE, profile);
-            builder->compose(kDeviceAll, *profile);
+            builder->composeParams(kDeviceAll, *profile);
         }
         for (const auto& [id, profiles] : byId) {
             if (profiles.size() > 1) {
@@ -146,7 +147,7 @@ class Load {
             mUsedEndpoints.insert(endpoint);
             int32_t device = deviceForEndpoint(endpoint);
             mReport.composed(*builder, EntrySource::PROFILE_ENDPOINT, settings);
-            builder->compose(device, *settings);
+            builder->composeParams(device, *settings);
             if (profile == kSpeakerRenderingProfile && endpoint == ENDPOINT_SPEAKER) {
                 keepSpeakerRendering(*settings);
             }
@@ -216,7 +217,7 @@ class Load {
         }
         for (Endpoint endpoint : mUsedEndpoints) {
             mReport.composedFor(general(), EntrySource::DEFAULT_TUNING, mDefaultTuning, endpoint);
-            general().compose(deviceForEndpoint(endpoint), *mDefaultTuning);
+            general().composeParams(deviceForEndpoint(endpoint), *mDefaultTuning);
             if (endpoint == ENDPOINT_SPEAKER) {
                 mConversion.setCommonSpeakerParams(mDefaultTuning);
             }
@@ -288,19 +289,19 @@ class Load {
     void composeGeneral(DeviceData& data) {
         if (data.getGeneral() != nullptr) {
             mReport.composed(general(), EntrySource::GENERAL, data.getGeneral());
-            general().compose(kDeviceAll, *data.getGeneral());
+            general().composeParams(kDeviceAll, *data.getGeneral());
         }
         for (GeneralEndpoint* settings : data.getGeneralEndpoints()) {
             mReport.composed(general(), EntrySource::GENERAL_ENDPOINT, settings);
-            general().compose(deviceForEndpoint(settings->getEndpoint()), *settings);
+            general().composeParams(deviceForEndpoint(settings->getEndpoint()), *settings);
         }
     }
 
     bool storeBuilders() {
         for (const ArrayBuilder& builder : mBuilders) {
             if (builder.overflowed()) {
-                ALOGE("%s() profile %d does not fit in %zu words", kLoadName, builder.getHeader(),
-                      kProfileCapacity);
+                ALOGE("%s() profile %d does not fit in %u words", kLoadName, builder.getHeader(),
+                      kProfileArrayWords);
                 reportRoom(builder);
                 return false;
             }

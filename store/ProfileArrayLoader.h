@@ -10,10 +10,6 @@ class LoadReport;
 class ParamTables;
 struct SpeakerData;
 
-// Room of one profile array, and of the general array, in words, header
-// included.
-constexpr size_t kProfileCapacity = 1200;
-
 // Parses `document`, the tuning file at `path` as readTuningFile read it, and
 // adds to `tables` the arrays of profiles 0 to 9, the general array (-1) and
 // one array per named tuning; `speaker` takes what the file says about the

@@ -10,14 +10,11 @@
 #include <utility>
 #include <vector>
 
-#include "PackedEntry.h"
-#include "ParamCodes.h"
 #include "ParamTables.h"
-#include "ParameterValues.h"
 #include "ProfileArrayLoader.h"
+#include "ReportedLoads.h"
 #include "SpeakerData.h"
 #include "ToldSizes.h"
-#include "TuningConversion.h"
 #include "TuningFileBytes.h"
 #include "TuningFileVocabulary.h"
 
@@ -60,26 +57,24 @@ std::atomic<uint64_t> gNextSerial{1};
 
 }  // namespace
 
+// The arrays that the store holds, and what its loads learn about the speaker.
+struct ProfileParamArray::State {
+    ParamTables tables;
+    SpeakerData speaker;
+};
+
 ProfileParamArray::ProfileParamArray() : ProfileParamArray(kDefaultTuningFile) {}
 
 ProfileParamArray::ProfileParamArray(std::string path)
-    : ProfileParamArray(std::move(path), nullptr) {}
-
-ProfileParamArray::ProfileParamArray(std::string path, LoadReport* report)
-    : mTables(std::make_unique<ParamTables>()),
-      mSpeaker(std::make_unique<SpeakerData>()),
-      mSerial(gNextSerial++) {
-    loadXMLFile(std::move(path), report);
+    : mState(std::make_unique<State>()), mSerial(gNextSerial++) {
+    loadXMLFile(std::move(path));
 }
 
 ProfileParamArray::~ProfileParamArray() = default;
 
 void ProfileParamArray::loadXMLFile(std::string path) {
-    loadXMLFile(std::move(path), nullptr);
-}
-
-void ProfileParamArray::loadXMLFile(std::string path, LoadReport* report) {
     ALOGD("%s", __func__);
+    LoadReport* report = ReportedLoads::current();
     // The file is read before any lock is taken, so a slow or hostile path
     // holds up nobody but this caller.
     std::string document;
@@ -93,46 +88,13 @@ void ProfileParamArray::loadXMLFile(std::string path, LoadReport* report) {
     // it was. The speaker data is the loads' alone.
     android::Mutex::Autolock loading(mLoadLock);
     ParamTables tables;
-    SpeakerData speaker = *mSpeaker;
+    SpeakerData speaker = mState->speaker;
     if (!loadProfileArrays(path, std::move(document), tables, speaker, report)) {
         return;
     }
-    *mSpeaker = speaker;
+    mState->speaker = speaker;
     android::Mutex::Autolock lock(mLock);
-    mTables->takeFrom(tables);
-}
-
-int ProfileParamArray::composeParams(int* out, int device, ParameterValues* values, int& count) {
-    size_t written = 0;
-    for (const auto& [param, list] : values->values) {
-        if (kParameterCodes[param] != 0 && !list.empty()) {
-            written += writeEntry(out + written, device, kParameterCodes[param], {list});
-            count++;
-        }
-    }
-    return static_cast<int>(written);
-}
-
-int ProfileParamArray::composeParams(int* out, int room, int device, ParameterValues* values,
-                                     int& count) {
-    size_t needed = 0;
-    for (const auto& [param, list] : values->values) {
-        if (kParameterCodes[param] != 0 && !list.empty()) {
-            needed += kEntryHeaderWords + list.size();
-        }
-    }
-    if (room < 0 || needed > static_cast<size_t>(room)) {
-        return -1;
-    }
-    return composeParams(out, device, values, count);
-}
-
-void ProfileParamArray::convertTuning(Tuning* tuning, int& counter) {
-    TuningConversion(*mTables, *mSpeaker, nullptr).convertTuning(tuning, counter);
-}
-
-void ProfileParamArray::setCommonSpeakerParams(Tuning* tuning) {
-    TuningConversion(*mTables, *mSpeaker, nullptr).setCommonSpeakerParams(tuning);
+    mState->tables.takeFrom(tables);
 }
 
 int ProfileParamArray::getProfileParams(OvlProfileId profile, void* out) {
@@ -142,7 +104,7 @@ int ProfileParamArray::getProfileParams(OvlProfileId profile, void* out) {
     if (out == nullptr) {
         return -22;
     }
-    const uint32_t size = mTables->getProfileSize(profile);
+    const uint32_t size = mState->tables.getProfileSize(profile);
     if (size > told) {
         ALOGE(
             "%s() profile %d takes %u bytes now, more than the %u that getProfileParamsSize() "
@@ -150,7 +112,7 @@ int ProfileParamArray::getProfileParams(OvlProfileId profile, void* out) {
             __func__, profile, size, told);
         return -22;
     }
-    copyArray(mTables->getProfileArray(profile), size, out);
+    copyArray(mState->tables.getProfileArray(profile), size, out);
     return 0;
 }
 
@@ -158,7 +120,7 @@ uint32_t ProfileParamArray::getProfileParamsSize(OvlProfileId profile) {
     uint32_t size = 0;
     {
         android::Mutex::Autolock lock(mLock);
-        size = mTables->getProfileSize(profile);
+        size = mState->tables.getProfileSize(profile);
     }
     ToldSizes::ofThisThread().tell(mSerial, profile, size);
     return size;
@@ -171,7 +133,7 @@ int ProfileParamArray::getTuningParams(std::string tuning, void* out) {
     if (out == nullptr) {
         return -22;
     }
-    const uint32_t size = mTables->getTuningSize(tuning);
+    const uint32_t size = mState->tables.getTuningSize(tuning);
     if (size > told) {
         ALOGE(
             "%s() tuning %s takes %u bytes now, more than the %u that getTuningParamsSize() "
@@ -179,7 +141,7 @@ int ProfileParamArray::getTuningParams(std::string tuning, void* out) {
             __func__, tuning.c_str(), size, told);
         return -22;
     }
-    copyArray(mTables->getTuningArray(tuning), size, out);
+    copyArray(mState->tables.getTuningArray(tuning), size, out);
     return 0;
 }
 
@@ -187,7 +149,7 @@ uint32_t ProfileParamArray::getTuningParamsSize(std::string tuning) {
     uint32_t size = 0;
     {
         android::Mutex::Autolock lock(mLock);
-        size = mTables->getTuningSize(tuning);
+        size = mState->tables.getTuningSize(tuning);
     }
     ToldSizes::ofThisThread().tell(mSerial, tuning, size);
     return size;
@@ -196,11 +158,11 @@ uint32_t ProfileParamArray::getTuningParamsSize(std::string tuning) {
 uint32_t ProfileParamArray::copyProfileParams(OvlProfileId profile, void* out, uint32_t capacity) {
     ALOGD("%s(profile = %d)", "getProfileParams", profile);
     android::Mutex::Autolock lock(mLock);
-    uint32_t size = mTables->getProfileSize(profile);
+    uint32_t size = mState->tables.getProfileSize(profile);
     if (out == nullptr && capacity != 0) {
         ALOGE("%s() no buffer for %u bytes: nothing copied", __func__, capacity);
     } else if (size <= capacity) {
-        copyArray(mTables->getProfileArray(profile), size, out);
+        copyArray(mState->tables.getProfileArray(profile), size, out);
     }
     return size;
 }
@@ -209,18 +171,18 @@ uint32_t ProfileParamArray::copyTuningParams(const std::string& tuning, void* ou
                                              uint32_t capacity) {
     ALOGD("%s(tuning = %s)", "getTuningParams", tuning.c_str());
     android::Mutex::Autolock lock(mLock);
-    uint32_t size = mTables->getTuningSize(tuning);
+    uint32_t size = mState->tables.getTuningSize(tuning);
     if (out == nullptr && capacity != 0) {
         ALOGE("%s() no buffer for %u bytes: nothing copied", __func__, capacity);
     } else if (size <= capacity) {
-        copyArray(mTables->getTuningArray(tuning), size, out);
+        copyArray(mState->tables.getTuningArray(tuning), size, out);
     }
     return size;
 }
 
 uint32_t ProfileParamArray::getAvailableTuningDevicesLen(Endpoint endpoint) {
     android::Mutex::Autolock lock(mLock);
-    std::vector<std::string> names = tuningsOf(*mTables, endpoint);
+    std::vector<std::string> names = tuningsOf(mState->tables, endpoint);
     if (names.empty()) {
         return kNoTuningsLength;
     }
@@ -237,7 +199,7 @@ int ProfileParamArray::getAvailableTuningDevices(Endpoint endpoint, void* buf, i
     if (buf == nullptr) {
         return -22;
     }
-    std::vector<std::string> names = tuningsOf(*mTables, endpoint);
+    std::vector<std::string> names = tuningsOf(mState->tables, endpoint);
     std::string list;
     if (names.empty()) {
         list = kNoTunings;

@@ -125,12 +125,12 @@ TuningConversion::TuningConversion(ParamTables& tables, SpeakerData& speaker, Lo
 bool TuningConversion::convertTuning(Tuning* tuning, int& counter) {
     const std::string name = tuning->getName();
     const int32_t device = deviceForEndpoint(tuning->getEndpoint());
-    mScratch.resize(kTuningCapacity);
-    ArrayBuilder builder(mScratch.data(), kTuningCapacity, counter);
-    ArrayRecord* record = mReport.tuningRecord(name, kTuningCapacity);
+    mScratch.resize(kTuningArrayWords);
+    ArrayBuilder builder(mScratch.data(), kTuningArrayWords, counter);
+    ArrayRecord* record = mReport.tuningRecord(name, kTuningArrayWords);
     builder.recordInto(record);
     mReport.composed(builder, EntrySource::TUNING, tuning);
-    builder.compose(device, *tuning);
+    builder.composeParams(device, *tuning);
     if (name == kSpeakerTuningName) {
         setCommonSpeakerParams(tuning);
     }
@@ -144,7 +144,7 @@ bool TuningConversion::convertTuning(Tuning* tuning, int& counter) {
         record->neededWords = builder.getNeededWords();
     }
     if (builder.overflowed()) {
-        ALOGE("%s() tuning %s does not fit in %zu words", __func__, name.c_str(), kTuningCapacity);
+        ALOGE("%s() tuning %s does not fit in %u words", __func__, name.c_str(), kTuningArrayWords);
         if (record != nullptr) {
             mReport.arrayRoom("tuning " + name, *record, std::string());
         }

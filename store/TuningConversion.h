@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "ProfileParamArray.h"
 #include "StoreReport.h"
 
 namespace ovela {
@@ -19,16 +20,13 @@ struct SpeakerData;
 // whole load succeeded.
 class TuningConversion {
   public:
-    // Room of one tuning array in words, header included.
-    static constexpr size_t kTuningCapacity = 1100;
-
     TuningConversion(ParamTables& tables, SpeakerData& speaker, LoadReport* report);
 
     // Builds the tuning's array (its plain entries, then the composite "ceqt",
     // "rssa", "aobs", "arsa" and "arbs" entries) and adds it under the tuning's
     // name with `counter` as its ordinal. `counter` advances only when an
     // array was stored: a tuning without entries stores nothing. Returns false
-    // when the array outgrows kTuningCapacity; nothing is stored then.
+    // when the array outgrows kTuningArrayWords; nothing is stored then.
     bool convertTuning(Tuning* tuning, int& counter);
 
     // Takes the mono flag, the speaker angles and the mix matrices of a

@@ -4,23 +4,31 @@
 #include <cstdint>
 
 #include "Endpoint.h"
+#include "Export.h"
 
 namespace ovela {
 
-// Android audio output device bits that the effect expects in the device word
-// of every packed entry.
-constexpr int32_t kDeviceNone = 0x0;
-constexpr int32_t kDeviceSpeaker = 0x2;
-constexpr int32_t kDeviceWiredHeadphone = 0x8;
-constexpr int32_t kDeviceBluetooth = 0x80;
-constexpr int32_t kDeviceAuxDigital = 0x400;
-constexpr int32_t kDeviceUsb = 0x4000;
-constexpr int32_t kDeviceRemoteSubmix = 0x8000;
-// Values that apply to every device.
-constexpr int32_t kDeviceAll = 0x40000000;
+/**
+ * @file
+ * The Android audio output device bits that every entry of a packed array
+ * carries as its device word, telling the effect which output its values
+ * apply to.
+ */
 
-// The device word of an endpoint's values ("other" has no device bit).
-int32_t deviceForEndpoint(Endpoint endpoint);
+constexpr int32_t kDeviceNone = 0x0;             ///< No device: the "other" endpoint.
+constexpr int32_t kDeviceSpeaker = 0x2;          ///< The internal speaker.
+constexpr int32_t kDeviceWiredHeadphone = 0x8;   ///< Wired headphones.
+constexpr int32_t kDeviceBluetooth = 0x80;       ///< Bluetooth audio.
+constexpr int32_t kDeviceAuxDigital = 0x400;     ///< Digital auxiliary output.
+constexpr int32_t kDeviceUsb = 0x4000;           ///< USB audio.
+constexpr int32_t kDeviceRemoteSubmix = 0x8000;  ///< Remote submix.
+constexpr int32_t kDeviceAll = 0x40000000;       ///< Values that apply to every device.
+
+/**
+ * The device word of the values of `endpoint`: the bit of its output,
+ * kDeviceNone for "other" and for a value outside 0 to 6.
+ */
+OVELA_EXPORT int32_t deviceForEndpoint(Endpoint endpoint);
 
 }  // namespace ovela
 

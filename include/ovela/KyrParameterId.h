@@ -7,11 +7,17 @@
 
 namespace ovela {
 
-// Effect parameter code: four ASCII characters packed into one word, the first
-// character in the least significant byte; a three-character code leaves the
-// top byte zero.
+/**
+ * An effect parameter code: four ASCII characters packed into one word, the
+ * first character in the least significant byte ("hvrc"); a three-character
+ * code leaves the top byte zero ("vol").
+ */
 using KyrParameterId = int32_t;
 
+/**
+ * The code of three or four characters, at compile time:
+ * `kyrCode("vol")`, `kyrCode("hvrc")`.
+ */
 template <size_t N>
 constexpr KyrParameterId kyrCode(const char (&text)[N]) {
     static_assert(N == 4 || N == 5, "an effect parameter code has three or four characters");
@@ -22,7 +28,7 @@ constexpr KyrParameterId kyrCode(const char (&text)[N]) {
     return static_cast<KyrParameterId>(code);
 }
 
-// The characters of a code, up to its first zero byte ("hvrc"; "vol").
+/** The characters of `code`, up to its first zero byte: "hvrc", "vol". */
 inline std::string kyrCodeText(KyrParameterId code) {
     std::string text;
     for (size_t i = 0; i < sizeof(code); ++i) {

@@ -9,98 +9,173 @@
 #include <string>
 
 #include "Endpoint.h"
+#include "Export.h"
 #include "OvlProfileId.h"
 
 namespace ovela {
 
-class LoadReport;
-class ParameterValues;
-class ParamTables;
-class Tuning;
-struct SpeakerData;
+/** Room of a profile array and of the general array, in 32-bit words, header included. */
+constexpr uint32_t kProfileArrayWords = 1200;
+/** Room of a tuning array, in 32-bit words, header included. */
+constexpr uint32_t kTuningArrayWords = 1100;
 
-// The process-wide parameter store: the packed arrays of every profile, of
-// the general settings (profile id -1) and of every named tuning, composed
-// from the tuning file. The effect and the cache reach it through
-// getInstance(), which loads the default tuning file on first use. Callers
-// always receive copies: ask for a size, allocate, then ask for the contents.
-class ProfileParamArray : public android::Singleton<ProfileParamArray> {
+/**
+ * The parameter store: the packed arrays of every profile (ids 0 to 9), of the
+ * general settings (profile id -1, kGeneralProfileId) and of every named tuning,
+ * composed from an XML tuning file, in the layout that ProfileParamParser walks.
+ *
+ * **The process-wide store.** An effect and its service reach one store per
+ * process through `ProfileParamArray::getInstance()` (libutils' Singleton): the
+ * first call creates it under the singleton's lock, and its constructor loads
+ * the default tuning file, "/vendor/etc/ovela/qrn-default.xml" unless the
+ * library was built with another path (OVELA_DEFAULT_TUNING_FILE). A file that
+ * is missing or does not load gives an empty store: every size query returns 0
+ * and every endpoint lists only "default". The instance is never destroyed; it
+ * lives until the process ends. A tool or a test may construct a store of its
+ * own on another path instead.
+ *
+ * **Ownership.** The store owns its arrays for its whole life. Callers always
+ * receive copies, into buffers that they allocate and own.
+ *
+ * **Threads.** Any thread may call any member at any time. One mutex guards the
+ * arrays: each query holds it for its whole run, and a load holds it only to
+ * swap in the arrays it composed, so queries are answered while a file is read
+ * and parsed; loads take turns under a second lock. The queries copy, and may
+ * allocate and wait for that mutex: do not call them from a real-time audio
+ * thread.
+ *
+ * **Errors.** Members that return `int` return 0 or a negated errno value,
+ * -22 (EINVAL) for a bad argument; every failure is also logged under the tag
+ * "OvlProfileParamArray" (or "TuningFileParser" for a file's content).
+ */
+class OVELA_EXPORT ProfileParamArray : public android::Singleton<ProfileParamArray> {
   public:
-    // Loads the default tuning file.
+    /** Creates a store and loads the default tuning file into it (see above). */
     ProfileParamArray();
-    // Loads `path` instead, for tools and tests that need a store of their own.
+    /**
+     * Creates a store and loads the tuning file at `path` into it, as
+     * loadXMLFile() does; for tools and tests that need a store of their own.
+     */
     explicit ProfileParamArray(std::string path);
-    // The same, telling `report` what the load skips, changes or drops.
-    ProfileParamArray(std::string path, LoadReport* report);
+    /** Frees every array. */
     virtual ~ProfileParamArray();
+    ProfileParamArray(const ProfileParamArray&) = delete;
+    ProfileParamArray& operator=(const ProfileParamArray&) = delete;
 
-    // Adds the arrays of the tuning file at `path` to the store, replacing
-    // those with the same profile id or tuning name. A file that cannot be
-    // read (only a regular file is read, up to 64 MiB, also once
-    // decompressed), that is not well-formed, or whose arrays outgrow their
-    // room changes nothing. Queries are answered while the file is parsed;
-    // loads take turns.
+    /**
+     * Loads the tuning file at `path` and adds its arrays to the store. An
+     * array of the file replaces the array of the same profile id or tuning
+     * name; arrays that the file does not have stay, so the tunings of an
+     * earlier file remain listed. A cache created before keeps the tuning
+     * names it recorded when it was created: create caches after the loads
+     * that give the tunings they should start with.
+     *
+     * Nothing changes when the file cannot be read (only a regular file is
+     * read, opened without blocking, of at most 64 MiB, also once
+     * decompressed), when it is not well-formed XML or has an element of more
+     * than 256 attributes, when an IEQ preset has no bands, or when an array
+     * would outgrow its room (kProfileArrayWords, kTuningArrayWords). Each of
+     * these logs why at error level.
+     *
+     * @param path The tuning file; an empty path is an error.
+     */
     void loadXMLFile(std::string path);
-    // The same, telling `report` everything that the load decided: what it
-    // skipped, changed, dropped or never sent, with the lines of the file,
-    // and whether the file loaded. The report also keeps the model the load
-    // read and the origin of every entry.
-    void loadXMLFile(std::string path, LoadReport* report);
 
-    // The two calls of the size-then-contents protocol: ask for the size,
-    // allocate, then copy the array into `out`. The copy never writes more
-    // than the size that the calling thread was last told for that profile or
-    // tuning: when another thread's reload made the array larger in between,
-    // it copies nothing, logs why and returns -22 (ask for the size again).
-    // -22 for a null `out`. An unknown profile or tuning copies nothing and
-    // returns 0. Prefer copyProfileParams() and copyTuningParams(), which
-    // take the buffer's size in the same call.
+    /**
+     * Copies the array of `profile` into `out`: the second call of the
+     * size-then-contents protocol, after getProfileParamsSize().
+     *
+     * The copy never writes more bytes than getProfileParamsSize() last told
+     * the calling thread for that profile. When another thread's reload made
+     * the array larger in between, nothing is copied, the error is logged and
+     * -22 returned: ask for the size again. Prefer copyProfileParams(), which
+     * takes the buffer's size in the same call.
+     *
+     * @param profile 0 to 9, or -1 for the general array.
+     * @param out A buffer of at least the size that the size query returned.
+     * @return 0, also for an unknown profile, whose array is empty and copies
+     *     nothing; -22 for a null `out` or an array that grew.
+     */
     int getProfileParams(OvlProfileId profile, void* out);
+    /**
+     * The size of the array of `profile`, in bytes: 8 for a profile that the
+     * file lacks (its header alone), 0 for an id outside -1 to 9 or before any
+     * file loaded. Remembered for the calling thread's next copy.
+     */
     uint32_t getProfileParamsSize(OvlProfileId profile);
+    /**
+     * Copies the array of the tuning named `tuning` into `out`, as
+     * getProfileParams() does for profiles: never more than the size that
+     * getTuningParamsSize() last told the calling thread for that name.
+     *
+     * @param tuning A tuning name as getAvailableTuningDevices() lists it.
+     * @param out A buffer of at least the size that the size query returned.
+     * @return 0, also for an unknown name, which copies nothing; -22 for a
+     *     null `out` or an array that grew.
+     */
     int getTuningParams(std::string tuning, void* out);
+    /**
+     * The size of the array of the tuning named `tuning`, in bytes; 0 for an
+     * unknown name. Remembered for the calling thread's next copy.
+     */
     uint32_t getTuningParamsSize(std::string tuning);
-    // Copy the array into `out` only when it fits in `capacity` bytes, and
-    // return its size either way (0 for an unknown profile or tuning); they
-    // log as getProfileParams() and getTuningParams() do. Between a size
-    // query and a copy another thread may reload the store; a caller that sees
-    // a size above its capacity grows its buffer and asks again. A null `out`
-    // with a capacity is an error: logged, nothing written, the size returned.
+    /**
+     * Copies the array of `profile` into `out` when it fits in `capacity`
+     * bytes, in one call; the recommended way. When it does not fit (another
+     * thread may have reloaded the store since a size query), nothing is
+     * written: grow the buffer to the returned size and call again.
+     *
+     * @param profile 0 to 9, or -1 for the general array.
+     * @param out The buffer; null only with a capacity of 0 (a null buffer
+     *     with a capacity is an error: logged, nothing written).
+     * @param capacity The bytes that `out` holds.
+     * @return The array's size in bytes, whether or not it was copied; 0 for
+     *     an unknown profile.
+     */
     uint32_t copyProfileParams(OvlProfileId profile, void* out, uint32_t capacity);
+    /**
+     * Copies the array of the tuning named `tuning` into `out` when it fits in
+     * `capacity` bytes, as copyProfileParams() does.
+     *
+     * @param tuning A tuning name as getAvailableTuningDevices() lists it.
+     * @param out The buffer; null only with a capacity of 0.
+     * @param capacity The bytes that `out` holds.
+     * @return The array's size in bytes, whether or not it was copied; 0 for
+     *     an unknown name.
+     */
     uint32_t copyTuningParams(const std::string& tuning, void* out, uint32_t capacity);
 
-    // Bytes that getAvailableTuningDevices() writes for `endpoint`.
+    /**
+     * The bytes that getAvailableTuningDevices() needs for `endpoint`: the
+     * lengths of its tunings' names, each plus one for the blank or the NUL
+     * after it; 8 when it has none ("default" is 7 characters, written
+     * without a NUL, and the eighth byte is left as it was).
+     *
+     * @param endpoint Any value: one outside 0 to 6 has no tunings.
+     */
     uint32_t getAvailableTuningDevicesLen(Endpoint endpoint);
-    // Writes the names of the endpoint's tunings, blank-separated and
-    // NUL-terminated, or the seven characters "default" without a NUL when it
-    // has none; never more than `len` bytes. -22 for a null `buf`.
+    /**
+     * Writes the names of the tunings for `endpoint`, in byte order, separated
+     * by one blank and ended by a NUL; when it has none, the seven characters
+     * "default" without a NUL. Never writes more than `len` bytes: a list cut
+     * short by a reload since the length query has no NUL.
+     *
+     * @param endpoint Any value: one outside 0 to 6 has no tunings.
+     * @param buf The buffer, of getAvailableTuningDevicesLen(endpoint) bytes.
+     * @param len The bytes that `buf` holds.
+     * @return 0; -22 for a null `buf`.
+     */
     int getAvailableTuningDevices(Endpoint endpoint, void* buf, int len);
 
-    // The steps of a load, for code that composes arrays itself. They take no
-    // lock: the store runs them only inside loadXMLFile.
-    //
-    // Writes at `out` one entry (device, code, count, values) for every
-    // parameter of `values` that has an effect code and holds values, adds
-    // the number of entries to `count` and returns the words written. The
-    // caller guarantees room.
-    int composeParams(int* out, int device, ParameterValues* values, int& count);
-    // The same within `room` words: writes nothing and returns -1 when the
-    // entries would not fit.
-    int composeParams(int* out, int room, int device, ParameterValues* values, int& count);
-    // Builds the tuning's array and adds it to the store's tuning tables
-    // under its name, with `counter` as its ordinal; `counter` advances when
-    // an array was stored. A tuning past 1100 words stores nothing.
-    void convertTuning(Tuning* tuning, int& counter);
-    // Takes the mono flag, the angles and the mix matrices of a speaker
-    // tuning into the store's speaker data.
-    void setCommonSpeakerParams(Tuning* tuning);
-
   private:
-    std::unique_ptr<ParamTables> mTables;
-    // Guards the tables: every query, and a load's swap of its new arrays.
+    struct State;
+
+    // The arrays and what the loads learn about the speaker.
+    std::unique_ptr<State> mState;
+    // Guards the arrays: every query, and a load's swap of its new arrays.
     android::Mutex mLock;
     // Loads take turns under this lock, reading and composing outside mLock.
     android::Mutex mLoadLock;
-    std::unique_ptr<SpeakerData> mSpeaker;
     // Names this store to the two-call queries' record of what each thread
     // was told.
     const uint64_t mSerial;

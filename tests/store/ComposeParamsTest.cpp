@@ -3,34 +3,28 @@
 #include <cstdint>
 #include <vector>
 
+#include "ArrayBuilder.h"
 #include "AudioDevices.h"
 #include "GeqPreset.h"
-#include "LogCapture.h"
 #include "PackedWords.h"
 #include "Profile.h"
-#include "ProfileParamArray.h"
 #include "Tuning.h"
 
 namespace ovela {
 namespace {
 
-using testing::LogCapture;
 using testing::packed;
 
-// Composes `entity` behind a header of (0, 0) with a store that holds
-// nothing, and returns the words, so that the result compares with a packed
-// array written out by hand.
-std::vector<int32_t> composed(ParameterValues& entity, int device, int* written = nullptr) {
-    LogCapture log;
-    ProfileParamArray store("");
+// Composes `entity` into an array of header (0, count), and returns its words,
+// so that the result compares with a packed array written out by hand.
+std::vector<int32_t> composed(const ParameterValues& entity, int device, int* written = nullptr) {
     std::vector<int32_t> words(64, 0);
-    int count = 0;
-    const int n = store.composeParams(words.data() + 2, device, &entity, count);
+    ArrayBuilder builder(words.data(), words.size(), 0);
+    builder.composeParams(device, entity);
     if (written != nullptr) {
-        *written = n;
+        *written = static_cast<int>(builder.getWordCount() - 2);
     }
-    words[1] = count;
-    words.resize(2 + (n > 0 ? n : 0));
+    words.resize(builder.getWordCount());
     return words;
 }
 
@@ -64,18 +58,22 @@ TEST(ComposeParamsTest, GeqFrequenciesAndGainsShareTheirCodeFrequenciesFirst) {
                          {kDeviceSpeaker, kyrCode("gebs"), {0, -3}}}));
 }
 
-// The bounded form writes and counts nothing when the entries pass the room.
+// An entry that passes the room is neither written nor counted, and the array
+// stays overflowed, so that its load gives up.
 TEST(ComposeParamsTest, EntriesBeyondTheRoomWriteNothing) {
-    LogCapture log;
-    ProfileParamArray store("");
     Profile profile(0, "p", PRESET_TYPE_OFF);
     profile.set(IEQ_AMOUNT, {5, 6});
-    std::vector<int32_t> out(5, -7);
-    int count = 3;
-    EXPECT_EQ(store.composeParams(out.data(), 4, kDeviceAll, &profile, count), -1);
-    EXPECT_EQ(out, std::vector<int32_t>(5, -7));
-    EXPECT_EQ(store.composeParams(out.data(), 5, kDeviceAll, &profile, count), 5);
-    EXPECT_EQ(count, 4);
+    std::vector<int32_t> words(8, -7);
+    ArrayBuilder tooSmall(words.data(), 6, 3);
+    tooSmall.composeParams(kDeviceAll, profile);
+    EXPECT_TRUE(tooSmall.overflowed());
+    EXPECT_EQ(tooSmall.getNeededWords(), 7u);
+    EXPECT_EQ(words, (std::vector<int32_t>{3, 0, -7, -7, -7, -7, -7, -7}));
+
+    ArrayBuilder exact(words.data(), 7, 3);
+    exact.composeParams(kDeviceAll, profile);
+    EXPECT_FALSE(exact.overflowed());
+    EXPECT_EQ(words, (std::vector<int32_t>{3, 1, kDeviceAll, kyrCode("iea"), 2, 5, 6, -7}));
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "LogCapture.h"
 #include "PackedWords.h"
 #include "ProfileParamArray.h"
+#include "ReportedLoads.h"
 #include "TempFile.h"
 #include "TuningFileCorpus.h"
 
@@ -103,7 +104,8 @@ std::string described(const LoadFinding& finding) {
 std::vector<LoadFinding> findingsOf(const std::string& path, Snapshot* snapshot = nullptr) {
     LogCapture log;
     LoadReport report;
-    ProfileParamArray store(path, &report);
+    const ReportedLoads reported(&report);
+    ProfileParamArray store(path);
     if (snapshot != nullptr) {
         *snapshot = snapshotOf(store);
     }

@@ -8,7 +8,6 @@
 #include "LogCapture.h"
 #include "PackedWords.h"
 #include "ParamTables.h"
-#include "ProfileParamArray.h"
 #include "SpeakerData.h"
 #include "Tuning.h"
 #include "TuningConversion.h"
@@ -18,19 +17,20 @@ namespace {
 
 using testing::LogCapture;
 using testing::packed;
-using testing::tuningNames;
-using testing::tuningWords;
 
 constexpr char kTag[] = "OvlProfileParamArray";
 
-// Tunings converted by the store's own convertTuning, into a store that
-// loaded nothing.
+// Tunings converted into tables of their own, as one load converts them.
 class TuningConversionTest : public ::testing::Test {
   protected:
-    std::vector<int32_t> stored(const std::string& name) { return tuningWords(mStore, name); }
+    std::vector<int32_t> stored(const std::string& name) const {
+        const int32_t* words = mTables.getTuningArray(name);
+        return std::vector<int32_t>(words, words + mTables.getTuningSize(name) / sizeof(int32_t));
+    }
 
-    LogCapture mLoadLog;
-    ProfileParamArray mStore{""};
+    ParamTables mTables;
+    SpeakerData mSpeaker;
+    TuningConversion mConversion{mTables, mSpeaker, nullptr};
 };
 
 TEST_F(TuningConversionTest, PlainEntriesCarryTheEndpointDeviceAndTheOrdinal) {
@@ -43,14 +43,14 @@ TEST_F(TuningConversionTest, PlainEntriesCarryTheEndpointDeviceAndTheOrdinal) {
     int counter = 4;
     LogCapture log;
 
-    mStore.convertTuning(&empty, counter);
-    EXPECT_EQ(mStore.getTuningParamsSize("empty"), 0u);
-    mStore.convertTuning(&tuning, counter);
+    EXPECT_TRUE(mConversion.convertTuning(&empty, counter));
+    EXPECT_EQ(mTables.getTuningSize("empty"), 0u);
+    EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
     EXPECT_EQ(counter, 5);
     EXPECT_EQ(log.messages(kTag, ANDROID_LOG_DEBUG),
               std::vector<std::string>{"add the tuning table: tuning=hp, paramNum=6, size=24"});
     EXPECT_EQ(stored("hp"), packed(4, {{kDeviceWiredHeadphone, kyrCode("beb"), {5}}}));
-    EXPECT_EQ(tuningNames(mStore, ENDPOINT_HEADPHONE), std::vector<std::string>{"hp"});
+    EXPECT_EQ(mTables.getTuningEndpoint("hp"), ENDPOINT_HEADPHONE);
 }
 
 TEST_F(TuningConversionTest, CompositeEntriesFollowThePlainOnes) {
@@ -71,7 +71,7 @@ TEST_F(TuningConversionTest, CompositeEntriesFollowThePlainOnes) {
     tuning.set(REGULATOR_ISOLATED_BAND, {1});
     int counter = 0;
 
-    mStore.convertTuning(&tuning, counter);
+    EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
     EXPECT_EQ(
         stored("spk2"),
         packed(0,
@@ -100,7 +100,7 @@ TEST_F(TuningConversionTest, CompositesNeedListsOfOneLengthAndPadOnlyFiveSibilan
     tuning.set(REGULATOR_ISOLATED_BAND, {});
     tuning.set(REGULATOR_ENABLE, {1});
     int counter = 0;
-    mStore.convertTuning(&tuning, counter);
+    EXPECT_TRUE(mConversion.convertTuning(&tuning, counter));
     EXPECT_EQ(stored("bt"),
               packed(0, {{kDeviceBluetooth, kyrCode("aron"), {1}},
                          {kDeviceBluetooth, kyrCode("rssa"), {2, 3, 1, 2, 3, 4, 5, 6}}}));

@@ -3,13 +3,15 @@
 #include <algorithm>
 
 #include "CommandLine.h"
+#include "ReportedLoads.h"
 
 namespace ovela::tune {
 
 std::unique_ptr<LoadedFile> loadFile(const std::string& path) {
     auto file = std::make_unique<LoadedFile>();
     file->path = path;
-    file->store = std::make_unique<ProfileParamArray>(path, &file->report);
+    const ReportedLoads reported(&file->report);
+    file->store = std::make_unique<ProfileParamArray>(path);
     return file;
 }
 
