@@ -1,15 +1,16 @@
 # Installs the library, its public headers under include/ovela/, a CMake
 # package (find_package(OvelaTuning) -> OvelaTuning::ovelatuning) and a
-# pkg-config file.
+# pkg-config file. Both packages name every path relative to where they are
+# installed, so an installed tree may be moved; what they give a consumer is
+# what the interface needs: its headers, libutils' headers, and the library.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(OVELA_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/OvelaTuning)
 
 target_include_directories(ovelatuning PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
-set_target_properties(ovelatuning PROPERTIES INSTALL_RPATH "${ANDROID_LIB_DIR}")
 
-install(TARGETS ovelatuning android_platform EXPORT OvelaTuningTargets
+install(TARGETS ovelatuning EXPORT OvelaTuningTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(DIRECTORY ${OVELA_PUBLIC_DIR}/ovela DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
     FILES_MATCHING PATTERN "*.h")
