@@ -13,7 +13,7 @@
 
 #include "AudioDevices.h"
 #include "IEffectKyr.h"
-#include "ParamCodes.h"
+#include "Parameter.h"
 #include "ProfileParamArray.h"
 #include "ProfileParamParser.h"
 #include "RecordedTuning.h"

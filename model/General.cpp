@@ -2,7 +2,7 @@
 
 namespace ovela {
 
-const std::set<Parameter> General::kValidParams = {AUXILIARY_SYSTEM_GAIN_ENABLE};
+const std::set<Parameter> General::kValidParams = validParamsOf(EntityClass::GENERAL);
 
 General::General() : ParameterValues(-1, true) {}
 

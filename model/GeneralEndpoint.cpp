@@ -2,7 +2,8 @@
 
 namespace ovela {
 
-const std::set<Parameter> GeneralEndpoint::kValidParams = {AUXILIARY_SYSTEM_GAIN};
+const std::set<Parameter> GeneralEndpoint::kValidParams =
+    validParamsOf(EntityClass::GENERAL_ENDPOINT);
 
 GeneralEndpoint::GeneralEndpoint(Endpoint endpoint)
     : ParameterValues(-1, true), mEndpoint(endpoint) {}

@@ -2,7 +2,7 @@
 
 namespace ovela {
 
-const std::set<Parameter> GeqPreset::kValidParams = {GEQ_FREQUENCY, GEQ_GAIN};
+const std::set<Parameter> GeqPreset::kValidParams = validParamsOf(EntityClass::GEQ_PRESET);
 
 GeqPreset::GeqPreset(int profileId) : ParameterValues(-1, true), mProfileId(profileId) {}
 

@@ -2,7 +2,7 @@
 
 namespace ovela {
 
-const std::set<Parameter> IeqPreset::kValidParams = {IEQ_FREQUENCY, IEQ_ID, IEQ_TARGET};
+const std::set<Parameter> IeqPreset::kValidParams = validParamsOf(EntityClass::IEQ_PRESET);
 
 IeqPreset::IeqPreset(PresetType type) : IeqPreset(-1, type) {}
 

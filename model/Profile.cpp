@@ -4,16 +4,7 @@
 
 namespace ovela {
 
-const std::set<Parameter> Profile::kValidParams = {
-    CUSTOM_DRC_METADATA,
-    IEQ_AMOUNT,
-    IEQ_ENABLE,
-    MI_ADAPTIVE_VIRTUALIZER_STEERING_ENABLE,
-    MI_QV_LEVELER_STEERING_ENABLE,
-    MI_IEQ_STEERING_ENABLE,
-    MI_SURROUND_COMPRESSOR_STEERING_ENABLE,
-    VOLUME_MODELER_ENABLE,
-};
+const std::set<Parameter> Profile::kValidParams = validParamsOf(EntityClass::PROFILE);
 
 Profile::Profile(int profileId, std::string name, PresetType selectedIeqPreset)
     : Profile(-1, profileId, std::move(name), selectedIeqPreset) {

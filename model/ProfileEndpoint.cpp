@@ -2,25 +2,8 @@
 
 namespace ovela {
 
-const std::set<Parameter> ProfileEndpoint::kValidParams = {
-    BASS_ENHANCER_ENABLE,
-    CALIBRATION_BOOST,
-    DIALOG_ENHANCER_AMOUNT,
-    DIALOG_ENHANCER_DUCKING,
-    DIALOG_ENHANCER_ENABLE,
-    GRAPHIC_EQUALIZER_ENABLE,
-    MI_VIRTUALIZER_BINAURAL_STEERING_ENABLE,
-    PEAK_VALUE,
-    SURROUND_BOOST,
-    SURROUND_DECODER_ENABLE,
-    VIRTUAL_BASS_ENABLE,
-    VIRTUALIZER_ENABLE,
-    VOLMAX_BOOST,
-    VOLUME_LEVELER_AMOUNT,
-    VOLUME_LEVELER_ENABLE,
-    VOLUME_LEVELER_IN_TARGET,
-    VOLUME_LEVELER_OUT_TARGET,
-};
+const std::set<Parameter> ProfileEndpoint::kValidParams =
+    validParamsOf(EntityClass::PROFILE_ENDPOINT);
 
 ProfileEndpoint::ProfileEndpoint(int profileId, Endpoint endpoint)
     : ParameterValues(-1, true), mProfileId(profileId), mEndpoint(endpoint) {}

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <utility>
 
-#include "ParamCodes.h"
+#include "Parameter.h"
 #include "ParameterValues.h"
 
 namespace ovela {

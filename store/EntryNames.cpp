@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "CompositeEntries.h"
-#include "ParamCodes.h"
+#include "Parameter.h"
 #include "TuningFileVocabulary.h"
 
 namespace ovela {

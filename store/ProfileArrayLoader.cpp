@@ -17,7 +17,7 @@
 #include "EntityValues.h"
 #include "LoadReport.h"
 #include "OvlProfileId.h"
-#include "ParamCodes.h"
+#include "Parameter.h"
 #include "ParamTables.h"
 #include "ProfileParamArray.h"
 #include "SpeakerData.h"

@@ -4,7 +4,7 @@
 #include <set>
 
 #include "ArrayBuilder.h"
-#include "ParamCodes.h"
+#include "Parameter.h"
 #include "ParameterValues.h"
 
 namespace ovela {

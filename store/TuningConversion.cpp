@@ -12,7 +12,7 @@
 #include "AudioDevices.h"
 #include "CompositeEntries.h"
 #include "EntityValues.h"
-#include "ParamCodes.h"
+#include "Parameter.h"
 #include "ParamTables.h"
 #include "SpeakerData.h"
 #include "Tuning.h"
