@@ -50,11 +50,18 @@ int parseDecimal(std::string_view text) {
 std::vector<int> string_2_int_vector(std::string text) {
     std::vector<int> result;
     result.reserve(kUsualListSize);
+    appendDecimals(text, result);
+    return result;
+}
+
+size_t appendDecimals(std::string_view text, std::vector<int>& out) {
+    const size_t before = out.size();
     size_t start = 0;
-    for (size_t comma = text.find(','); comma != std::string::npos; comma = text.find(',', start)) {
-        result.push_back(parseDecimal(std::string_view(text).substr(start, comma - start)));
+    for (size_t comma = text.find(','); comma != std::string_view::npos;
+         comma = text.find(',', start)) {
+        out.push_back(parseDecimal(text.substr(start, comma - start)));
         start = comma + 1;
     }
-    result.push_back(parseDecimal(std::string_view(text).substr(start)));
-    return result;
+    out.push_back(parseDecimal(text.substr(start)));
+    return out.size() - before;
 }

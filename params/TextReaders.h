@@ -1,6 +1,7 @@
 #ifndef OVELA_TEXT_READERS_H
 #define OVELA_TEXT_READERS_H
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,5 +23,8 @@ int parseDecimal(std::string_view text);
 // Splits at every "," keeping empty pieces (n commas give n + 1 values) and
 // reads each piece with string2int. Never returns an empty list.
 std::vector<int> string_2_int_vector(std::string text);
+
+// The same, appending the values to `out`; returns how many it appended.
+size_t appendDecimals(std::string_view text, std::vector<int>& out);
 
 #endif  // OVELA_TEXT_READERS_H

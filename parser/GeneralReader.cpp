@@ -12,10 +12,9 @@ namespace ovela {
 void TuningFileParser::parseGeneral(xmlNode* general) {
     READER_LOGD("parseGeneral");
     mReport.attributes(general);
-    mReport.descend(general);
-    xmlNode* wrapper = xml::secondChild(general);
-    mReport.positional(general, 2, wrapper, kGeneralSettingsElement,
-                       "the general section reads as empty");
+    childrenOf(general, mReport);
+    xmlNode* wrapper =
+        takeChild(general, 2, kGeneralSettingsElement, "the general section reads as empty");
     // The section replaces any earlier one at once, also when it turns out empty.
     if (mContents.general != nullptr) {
         mReport.replaced(mContents.general, general, "the general section");
@@ -24,9 +23,9 @@ void TuningFileParser::parseGeneral(xmlNode* general) {
     mContents.general = mArena.make<General>();
     mReport.entity(
         mContents.general, general, [] { return "the general section"; }, "general sections");
-    mReport.descend(wrapper);
-    for (xmlNode* node = xml::secondChild(wrapper); node != nullptr; node = node->next) {
+    for (xmlNode* node = childrenOf(wrapper, mReport); node != nullptr; node = node->next) {
         if (!xml::isElement(node)) {
+            mReport.nonElement(node);
             continue;
         }
         const std::string_view name = xml::nameOf(node);
@@ -45,11 +44,11 @@ void TuningFileParser::parseGeneralEndpoint(xmlNode* endpointType) {
     EntityArena::Ptr<GeneralEndpoint> entity(mArena.make<GeneralEndpoint>(endpoint));
     mReport.entity(
         entity.get(), endpointType,
-        [&] { return std::string("the general section of ") + kEndpointNames[endpoint]; },
+        [&] { return std::string("the general section of ") + endpointName(endpoint); },
         "general endpoint sections");
-    mReport.descend(endpointType);
-    for (xmlNode* node = xml::secondChild(endpointType); node != nullptr; node = node->next) {
+    for (xmlNode* node = childrenOf(endpointType, mReport); node != nullptr; node = node->next) {
         if (!xml::isElement(node)) {
+            mReport.nonElement(node);
             continue;
         }
         const std::string_view name = xml::nameOf(node);

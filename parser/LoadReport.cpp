@@ -11,7 +11,11 @@ namespace {
 // The most lines that a folded finding lists.
 constexpr size_t kListedLines = 8;
 
-std::string linesText(std::vector<long> lines) {
+std::string linesText(const std::vector<Place>& places) {
+    std::vector<long> lines;
+    for (const Place& place : places) {
+        lines.push_back(place.line);
+    }
     std::sort(lines.begin(), lines.end());
     lines.erase(std::unique(lines.begin(), lines.end()), lines.end());
     std::string text = lines.size() == 1 ? "line " : "lines ";
@@ -22,6 +26,15 @@ std::string linesText(std::vector<long> lines) {
         text += ", ...";
     }
     return text;
+}
+
+LoadFinding findingAt(Rule rule, const Place& at, std::string message) {
+    return {ruleOf(rule).severity, ruleOf(rule).name, at.line, at.column, at.endLine,
+            at.endColumn,          std::move(message)};
+}
+
+bool isEarlier(const Place& a, const Place& b) {
+    return a.line < b.line || (a.line == b.line && a.column < b.column);
 }
 
 }  // namespace
@@ -38,49 +51,43 @@ LoadReport::LoadReport() = default;
 
 LoadReport::~LoadReport() = default;
 
-void LoadReport::add(const LoadRule& rule, long line, std::string message) {
-    addAt(rule, line, 0, std::move(message));
+void LoadReport::add(Rule rule, const Place& at, Slots slots) {
+    mFindings.push_back(findingAt(rule, at, messageOf(ruleOf(rule), slots)));
 }
 
-void LoadReport::addAt(const LoadRule& rule, long line, long column, std::string message) {
-    mFindings.push_back({rule.severity, rule.name, line, column, std::move(message)});
-}
-
-void LoadReport::addRepeated(const LoadRule& rule, long line, std::string one, std::string many,
-                             size_t elements) {
+void LoadReport::addRepeated(Rule rule, const Place& at, Slots one, Slots many, size_t elements) {
+    std::string manyText = messageOf(ruleOf(rule), many);
     for (Repeated& repeated : mRepeated) {
-        if (repeated.rule == &rule && repeated.many == many) {
-            repeated.lines.push_back(line);
+        if (repeated.rule == rule && repeated.many == manyText) {
+            repeated.places.push_back(at);
             repeated.elements += elements;
             return;
         }
     }
-    mRepeated.push_back({&rule, std::move(one), std::move(many), {line}, elements});
+    mRepeated.push_back({rule, messageOf(ruleOf(rule), one), std::move(manyText), {at}, elements});
 }
 
 void LoadReport::discardSince(const Mark& mark) {
     mFindings.resize(std::min(mFindings.size(), mark.findings));
     mRepeated.resize(std::min(mRepeated.size(), mark.repeated));
-    mEntities.clear();
-    mValues.clear();
+    mTrace.clearEntities();
 }
 
 std::vector<LoadFinding> LoadReport::findings() const {
     std::vector<LoadFinding> all = mFindings;
     for (const Repeated& repeated : mRepeated) {
-        const long first = *std::min_element(repeated.lines.begin(), repeated.lines.end());
-        const Severity severity = repeated.rule->severity;
-        if (repeated.lines.size() == 1) {
-            all.push_back({severity, repeated.rule->name, first, 0, repeated.one});
-        } else {
-            std::string where =
-                std::to_string(repeated.lines.size()) + " times: " + linesText(repeated.lines);
-            if (repeated.elements != 0) {
-                where += "; " + std::to_string(repeated.elements) + " elements in all";
-            }
-            all.push_back(
-                {severity, repeated.rule->name, first, 0, repeated.many + " (" + where + ")"});
+        const Place first =
+            *std::min_element(repeated.places.begin(), repeated.places.end(), isEarlier);
+        if (repeated.places.size() == 1) {
+            all.push_back(findingAt(repeated.rule, first, repeated.one));
+            continue;
         }
+        std::string where =
+            std::to_string(repeated.places.size()) + " times: " + linesText(repeated.places);
+        if (repeated.elements != 0) {
+            where += "; " + std::to_string(repeated.elements) + " elements in all";
+        }
+        all.push_back(findingAt(repeated.rule, first, repeated.many + " (" + where + ")"));
     }
     return all;
 }
@@ -90,122 +97,27 @@ bool LoadReport::hasErrors() const {
                        [](const LoadFinding& f) { return f.severity == Severity::ERROR; });
 }
 
-void LoadReport::recordEntity(const void* entity, long line, std::string label, const char* kind) {
-    EntityRecord& record = mEntities[entity];
-    record.line = line;
-    record.label = std::move(label);
-    record.kind = kind;
-}
-
-long LoadReport::lineOf(const void* entity) const {
-    auto found = mEntities.find(entity);
-    return found == mEntities.end() ? 0 : found->second.line;
-}
-
-std::string LoadReport::labelOf(const void* entity) const {
-    auto found = mEntities.find(entity);
-    return found == mEntities.end() ? std::string() : found->second.label;
-}
-
-std::string LoadReport::linesOf(const std::vector<const void*>& entities) const {
-    std::vector<long> lines;
-    for (const void* entity : entities) {
-        lines.push_back(lineOf(entity));
-    }
-    std::sort(lines.begin(), lines.end());
-    std::vector<std::string> texts;
-    for (long line : lines) {
-        texts.push_back(std::to_string(line));
-    }
-    return "lines " + listOf(texts);
-}
-
-long LoadReport::lastLineOf(const std::vector<const void*>& entities) const {
-    long last = 0;
-    for (const void* entity : entities) {
-        last = std::max(last, lineOf(entity));
-    }
-    return last;
-}
-
-long LoadReport::recordValue(const void* entity, Parameter parameter, long line,
-                             std::string xmlName) {
-    auto [it, inserted] = mValues.insert({{entity, parameter}, {line, xmlName, false}});
-    if (inserted) {
-        return 0;
-    }
-    const long earlier = it->second.line;
-    it->second = {line, std::move(xmlName), false};
-    return earlier;
-}
-
-void LoadReport::recordGathered(const void* entity, Parameter parameter, long line,
-                                std::string xmlName) {
-    mValues.insert({{entity, parameter}, {line, std::move(xmlName), false}});
-}
-
-void LoadReport::forget(const void* entity) {
-    mEntities.erase(entity);
-    auto first = mValues.lower_bound({entity, static_cast<Parameter>(0)});
-    auto last = first;
-    while (last != mValues.end() && last->first.first == entity) {
-        ++last;
-    }
-    mValues.erase(first, last);
-}
-
-void LoadReport::markUsed(const void* entity) {
-    mEntities[entity].used = true;
-}
-
-void LoadReport::markSent(const void* entity, Parameter parameter) {
-    auto found = mValues.find({entity, parameter});
-    if (found != mValues.end()) {
-        found->second.sent = true;
-    }
-}
-
-bool LoadReport::isSent(const void* entity, Parameter parameter) const {
-    auto found = mValues.find({entity, parameter});
-    return found != mValues.end() && found->second.sent;
-}
-
-std::string LoadReport::xmlNameOf(const void* entity, Parameter parameter) const {
-    auto found = mValues.find({entity, parameter});
-    return found == mValues.end() ? kParameterNames[parameter] : found->second.xmlName;
-}
-
-void LoadReport::settle(const void* entity) {
-    mEntities[entity].settled = true;
-}
-
-bool LoadReport::isSettled(const void* entity) const {
-    auto found = mEntities.find(entity);
-    return found != mEntities.end() && found->second.settled;
-}
-
 void LoadReport::reportUnsent() {
-    for (const auto& [entity, record] : mEntities) {
-        if (!record.used && !record.settled && record.line != 0) {
-            addRepeated(
-                rules::kNeverSent, record.line,
-                record.label + " is read but never sent: no array carries it",
-                std::string(record.kind) + " are read but never sent: no array carries them");
-        }
-    }
-    for (const auto& [key, value] : mValues) {
-        if (value.sent) {
+    for (const TracedEntity* entity : mTrace.entities()) {
+        if (entity->settled) {
             continue;
         }
-        auto entity = mEntities.find(key.first);
-        if (entity != mEntities.end() && (entity->second.settled || !entity->second.used)) {
+        if (!entity->used) {
+            if (entity->place.line != 0) {
+                addRepeated(Rule::NEVER_SENT, entity->place, {{"what", entity->label}},
+                            {{"what", entity->kind}});
+            }
             continue;
         }
-        const std::string owner =
-            entity == mEntities.end() ? std::string() : " of " + entity->second.label;
-        addRepeated(rules::kNeverSent, value.line,
-                    value.xmlName + owner + " is read but never sent: no array carries it",
-                    value.xmlName + " is read but never sent: no array carries it");
+        for (const TracedValues& values : entity->values) {
+            if (values.fate != Fate::NEVER_SENT) {
+                continue;
+            }
+            const Source& source = values.sources.front();
+            addRepeated(Rule::NEVER_SENT, source.place,
+                        {{"what", nameOf(source) + " of " + entity->label}},
+                        {{"what", nameOf(source)}});
+        }
     }
 }
 

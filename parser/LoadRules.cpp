@@ -1,7 +1,5 @@
 #include "LoadRules.h"
 
-#include <iterator>
-
 namespace ovela {
 
 const char* severityName(Severity severity) {
@@ -16,21 +14,31 @@ const char* severityName(Severity severity) {
     return "";
 }
 
-using namespace rules;
-
-const LoadRule* const kLoadRules[] = {
-    &kFileUnreadable,   &kFileSize,         &kDocumentSize,       &kAttributeCount,
-    &kXmlSyntax,        &kNoRoot,           &kPresetWithoutBands, &kArrayRoom,
-    &kXmlWarning,       &kNotIndented,      &kPosition,           &kPositionalName,
-    &kNotRead,          &kUnknownElement,   &kUnknownAttribute,   &kAttributeName,
-    &kMissingValue,     &kNotANumber,       &kTruthWord,          &kNumberRange,
-    &kEmptyField,       &kEmptyList,        &kDuplicateElement,   &kDuplicateSection,
-    &kDuplicateProfile, &kDuplicateTuning,  &kDuplicatePreset,    &kDuplicateBand,
-    &kUnknownEndpoint,  &kUnknownPreset,    &kIncludeMissing,     &kIncludeUndefined,
-    &kNoData,           &kEmptyTuning,      &kTuningEndpoint,     &kProfileId,
-    &kMatrixRows,       &kCompositeDropped, &kEntityExpansion,    &kNeverSent,
-    &kDefaultTuning,    &kNoTuning,         &kMonoSpeaker,        &kEntityDeclaration,
-};
-const size_t kLoadRuleCount = std::size(kLoadRules);
+std::string messageOf(const LoadRule& rule, Slots slots) {
+    const std::string_view message = rule.message;
+    std::string text;
+    size_t at = 0;
+    while (at < message.size()) {
+        const size_t open = message.find('{', at);
+        const size_t close = open == std::string_view::npos ? open : message.find('}', open);
+        if (close == std::string_view::npos) {
+            text.append(message.substr(at));
+            break;
+        }
+        text.append(message.substr(at, open - at));
+        const std::string_view name = message.substr(open + 1, close - open - 1);
+        const Slot* filled = nullptr;
+        for (const Slot& slot : slots) {
+            filled = slot.name == name ? &slot : filled;
+        }
+        if (filled != nullptr) {
+            text += filled->value;
+        } else {
+            text.append(message.substr(open, close - open + 1));
+        }
+        at = close + 1;
+    }
+    return text;
+}
 
 }  // namespace ovela

@@ -36,11 +36,9 @@ void TuningFileParser::parseProfile(xmlNode* profile) {
 
     // The parameters sit in the 2nd child node, the preset reference is the
     // 4th; without one the empty preset name is converted (and logged).
-    mReport.descend(profile);
+    childrenOf(profile, mReport);
     xmlNode* container = xml::secondChild(profile);
     xmlNode* include = xml::fourthChild(profile);
-    mReport.positional(profile, 2, container, kProfileSettingsElement,
-                       "the profile sends no settings of its own");
     std::string presetName;
     if (xml::isElementNamed(include, kIncludeElement)) {
         presetName = xml::firstAttributeValue(include, kIncludePresetAttribute);
@@ -51,10 +49,12 @@ void TuningFileParser::parseProfile(xmlNode* profile) {
     EntityArena::Ptr<Profile> entity(mArena.make<Profile>(id, name, preset));
     mReport.entity(
         entity.get(), profile, [&] { return "profile " + std::to_string(id); }, "profiles");
-    mReport.include(entity.get(), profile, container, include, presetName, preset);
-    mReport.descend(container);
-    for (xmlNode* node = xml::secondChild(container); node != nullptr; node = node->next) {
+    if (mReport) {
+        reportProfileShape(entity.get(), profile, container, include, presetName, preset);
+    }
+    for (xmlNode* node = childrenOf(container, mReport); node != nullptr; node = node->next) {
         if (!xml::isElement(node)) {
+            mReport.nonElement(node);
             continue;
         }
         if (xml::nameOf(node) == kEndpointTypeElement) {
@@ -73,11 +73,11 @@ void TuningFileParser::parseProfileEndpoint(xmlNode* endpointType, int profileId
     EntityArena::Ptr<ProfileEndpoint> entity(mArena.make<ProfileEndpoint>(profileId, endpoint));
     mReport.entity(
         entity.get(), endpointType,
-        [&] { return "profile " + std::to_string(profileId) + " on " + kEndpointNames[endpoint]; },
+        [&] { return "profile " + std::to_string(profileId) + " on " + endpointName(endpoint); },
         "profile endpoint sections");
-    mReport.descend(endpointType);
-    for (xmlNode* node = xml::secondChild(endpointType); node != nullptr; node = node->next) {
+    for (xmlNode* node = childrenOf(endpointType, mReport); node != nullptr; node = node->next) {
         if (!xml::isElement(node)) {
+            mReport.nonElement(node);
             continue;
         }
         if (const ElementValue* value = findByName(kProfileEndpointElements, xml::nameOf(node))) {
@@ -87,6 +87,64 @@ void TuningFileParser::parseProfileEndpoint(xmlNode* endpointType, int profileId
         }
     }
     mContents.profileEndpoints.insert(entity.release());
+}
+
+void TuningFileParser::reportProfileShape(const Profile* entity, xmlNode* profile,
+                                          const xmlNode* container, const xmlNode* include,
+                                          const std::string& presetName, PresetType readAs) {
+    // An element first is reported as not indented, and what the reader
+    // takes after it follows from that.
+    const xmlNode* first = profile->children;
+    if (first != nullptr && xml::isElement(first)) {
+        return;
+    }
+    // The elements that the reader leaves alone: all but the two it takes.
+    // An <include> among them, when the 4th child node is none, is the one
+    // the profile means to select.
+    const bool selects = xml::isElementNamed(include, kIncludeElement);
+    const xmlNode* misplaced = nullptr;
+    const xmlNode* unread = nullptr;
+    size_t unreadCount = 0;
+    for (const xmlNode* node = first; node != nullptr; node = node->next) {
+        if (!xml::isElement(node) || node == container || node == include) {
+            continue;
+        }
+        if (!selects && misplaced == nullptr && xml::nameOf(node) == kIncludeElement) {
+            misplaced = node;
+            continue;
+        }
+        unread = unread == nullptr ? node : unread;
+        unreadCount += xml::elementsIn(node);
+    }
+    if (container == nullptr || !xml::isElement(container)) {
+        // What stands where the settings should is the one cause: everything
+        // that the profile holds is lost with it.
+        if (unread == nullptr && misplaced == nullptr && !selects) {
+            return;
+        }
+        std::string loss = "the profile sends no settings of its own";
+        if (unread != nullptr) {
+            loss += ", " + lostText(unread, unreadCount, false) + " not read";
+        }
+        if (!selects) {
+            loss += std::string(misplaced != nullptr ? ", and its <include> is not read either"
+                                                     : ", and it selects no IEQ preset") +
+                    ": it reads as " + kPresetTypeNames[readAs];
+        }
+        mReport.positional(profile, 2, container, kProfileSettingsElement, loss);
+        if (!selects) {
+            return;
+        }
+    } else {
+        mReport.positional(profile, 2, container, kProfileSettingsElement, std::string());
+        if (unread != nullptr) {
+            mReport.notRead(unread, unreadCount,
+                            std::string("the reader takes only the 2nd child node of ") +
+                                tagOf(profile) + " as <" + kProfileSettingsElement +
+                                "> and the 4th as <" + kIncludeElement + ">");
+        }
+    }
+    mReport.include(entity, profile, include, misplaced, presetName, readAs);
 }
 
 PresetType TuningFileParser::getIeqPresetTypeByName(std::string name) {

@@ -52,6 +52,11 @@ bool SectionStream::parse(const std::string& bytes, const std::string& url, Visi
     mParser->sax->startElementNs = startElement;
     mParser->sax->endElementNs = endElement;
     mParser->sax->getEntity = getEntity;
+    if (mPositions != nullptr) {
+        mParser->sax->comment = comment;
+        mParser->sax->reference = reference;
+        mParser->sax->processingInstruction = processingInstruction;
+    }
     mParser->_private = this;
     mVisit = visit;
     mContext = context;
@@ -90,6 +95,9 @@ void SectionStream::startElement(void* context, const xmlChar* localName, const 
         // longer add to the text between them.
         self->freeSectionsBefore(element);
     }
+    if (self->mPositions != nullptr) {
+        self->mPositions->recordStartTag(element, parser->input);
+    }
 }
 
 void SectionStream::endElement(void* context, const xmlChar* localName, const xmlChar* prefix,
@@ -104,6 +112,31 @@ void SectionStream::endElement(void* context, const xmlChar* localName, const xm
     }
 }
 
+void SectionStream::recordLast(void* context, std::string_view opening) {
+    auto* parser = static_cast<xmlParserCtxt*>(context);
+    auto* self = static_cast<SectionStream*>(parser->_private);
+    if (self != nullptr && parser == self->mParser && parser->node != nullptr &&
+        parser->inSubset == 0) {
+        self->mPositions->recordNode(parser->node->last, parser->input, opening);
+    }
+}
+
+void SectionStream::comment(void* context, const xmlChar* value) {
+    xmlSAX2Comment(context, value);
+    recordLast(context, "<!--");
+}
+
+void SectionStream::reference(void* context, const xmlChar* name) {
+    xmlSAX2Reference(context, name);
+    recordLast(context, "&");
+}
+
+void SectionStream::processingInstruction(void* context, const xmlChar* target,
+                                          const xmlChar* data) {
+    xmlSAX2ProcessingInstruction(context, target, data);
+    recordLast(context, "<?");
+}
+
 xmlEntity* SectionStream::getEntity(void* context, const xmlChar* name) {
     xmlEntity* entity = xmlSAX2GetEntity(context, name);
     auto* parser = static_cast<xmlParserCtxt*>(context);
@@ -115,14 +148,8 @@ xmlEntity* SectionStream::getEntity(void* context, const xmlChar* name) {
 }
 
 void SectionStream::noteDroppedReferences(const xmlNode* element) {
-    // The parser stands at the end of the start tag, which holds no '<' but
-    // its first character: its attributes are there as the file writes them.
-    const xmlParserInput* input = mParser->input;
-    const xmlChar* start = input->cur;
-    while (start > input->base && *start != '<') {
-        --start;
-    }
-    const std::string_view tag(reinterpret_cast<const char*>(start), input->cur - start);
+    // The attributes are in the start tag as the file writes them.
+    const std::string_view tag = startTagText(mParser->input);
     constexpr const char* kBlanks = " \t\r\n";
     for (size_t at = tag.find_first_of(kBlanks); at < tag.size();) {
         const size_t name = tag.find_first_not_of(kBlanks, at);
@@ -146,6 +173,9 @@ void SectionStream::noteDroppedReferences(const xmlNode* element) {
 }
 
 void SectionStream::freeSectionsBefore(const xmlNode* stop) {
+    if (mPositions != nullptr) {
+        mPositions->clear();
+    }
     while (mRoot != nullptr && mRoot->children != nullptr && mRoot->children != stop) {
         xmlNode* section = mRoot->children;
         xmlUnlinkNode(section);

@@ -5,8 +5,10 @@
 
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "SourcePositions.h"
 #include "XmlNodes.h"
 
 // Parsing a tuning file one section at a time; not part of the library's
@@ -27,6 +29,11 @@ class SectionStream {
     explicit SectionStream(int options);
     SectionStream(const SectionStream&) = delete;
     SectionStream& operator=(const SectionStream&) = delete;
+
+    // Takes the places of the elements and attributes of the sections into
+    // `positions`, which the visit of a section may ask; each section's are
+    // forgotten when it is freed.
+    void recordPositions(SourcePositions* positions) { mPositions = positions; }
 
     // Parses `bytes` to the end, calling `visit` with `context` for every
     // child element of the root in document order; `url` names the document,
@@ -59,6 +66,12 @@ class SectionStream {
                              int attributeCount, int defaultedCount, const xmlChar** attributes);
     static void endElement(void* context, const xmlChar* localName, const xmlChar* prefix,
                            const xmlChar* uri);
+    static void comment(void* context, const xmlChar* value);
+    static void reference(void* context, const xmlChar* name);
+    static void processingInstruction(void* context, const xmlChar* target, const xmlChar* data);
+    // Takes the place of the node that the parser added last, whose text
+    // starts with `opening`.
+    static void recordLast(void* context, std::string_view opening);
     static xmlEntity* getEntity(void* context, const xmlChar* name);
     // Finds the attributes of `element`, whose start tag the parser has just
     // read, that referred to the undeclared entities met since the last one.
@@ -72,6 +85,7 @@ class SectionStream {
     xmlNode* mRoot = nullptr;
     Visit mVisit = nullptr;
     void* mContext = nullptr;
+    SourcePositions* mPositions = nullptr;
     std::set<std::string> mUndeclared;
     std::vector<DroppedReference> mDropped;
 };

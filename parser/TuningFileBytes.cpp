@@ -68,12 +68,13 @@ std::string mebibytes(size_t bytes) {
     return std::to_string(bytes >> 20) + " MiB";
 }
 
-bool refuse(const std::string& path, const LoadRule& rule, const std::string& why,
-            LoadReport* report) {
-    ALOGE("%s() %s: %s", "readTuningFile", path.c_str(), why.c_str());
+// Logs why the file is not read, and tells `report`: the rule's message with
+// `slots`, which name the file.
+bool refuse(Rule rule, Slots slots, LoadReport* report) {
+    ALOGE("%s() %s", "readTuningFile", messageOf(ruleOf(rule), slots).c_str());
     ALOGE("fail to call xmlReadFile,  %d", 138);
     if (report != nullptr) {
-        report->add(rule, 0, path + ": " + why);
+        report->add(rule, Place(), slots);
     }
     return false;
 }
@@ -111,7 +112,8 @@ bool readTuningFile(const std::string& path, std::string* bytes, LoadReport* rep
     if (path.empty()) {
         ALOGE("invalide tuning file path, %d", 125);
         if (report != nullptr) {
-            report->add(rules::kFileUnreadable, 0, "no tuning file given");
+            report->add(Rule::FILE_UNREADABLE, Place(),
+                        {{"file", "\"\""}, {"why", "an empty path names no file"}});
         }
         return false;
     }
@@ -120,20 +122,24 @@ bool readTuningFile(const std::string& path, std::string* bytes, LoadReport* rep
     const OpenFile file(path);
     struct stat status;
     if (file.fd() < 0 || fstat(file.fd(), &status) != 0) {
-        return refuse(path, rules::kFileUnreadable, openProblem(errno), report);
+        return refuse(Rule::FILE_UNREADABLE, {{"file", path}, {"why", openProblem(errno)}}, report);
     }
     if (S_ISDIR(status.st_mode)) {
-        return refuse(path, rules::kFileUnreadable, "a directory, not a file", report);
+        return refuse(Rule::FILE_UNREADABLE, {{"file", path}, {"why", "a directory, not a file"}},
+                      report);
     }
     if (!S_ISREG(status.st_mode)) {
-        return refuse(path, rules::kFileUnreadable,
-                      std::string(kindOf(status.st_mode)) + ", not a regular file", report);
+        return refuse(
+            Rule::FILE_UNREADABLE,
+            {{"file", path}, {"why", std::string(kindOf(status.st_mode)) + ", not a regular file"}},
+            report);
     }
     const auto size = static_cast<size_t>(status.st_size);
     if (size > kMaxTuningFileBytes) {
-        return refuse(path, rules::kFileSize,
-                      std::to_string(size) + " bytes, past the " + mebibytes(kMaxTuningFileBytes) +
-                          " that a tuning file may take",
+        return refuse(Rule::FILE_SIZE,
+                      {{"file", path},
+                       {"bytes", std::to_string(size)},
+                       {"limit", mebibytes(kMaxTuningFileBytes)}},
                       report);
     }
     // libxml2's input layer reads the file that was checked, through the
@@ -158,15 +164,13 @@ bool readTuningFile(const std::string& path, std::string* bytes, LoadReport* rep
     const int error = errno;
     xmlFreeParserInputBuffer(input);
     if (!read) {
-        return refuse(path, rules::kFileUnreadable, openProblem(error), report);
+        return refuse(Rule::FILE_UNREADABLE, {{"file", path}, {"why", openProblem(error)}}, report);
     }
     if (bytes->size() > kMaxTuningDocumentBytes) {
         bytes->clear();
         bytes->shrink_to_fit();
-        return refuse(path, rules::kDocumentSize,
-                      "passes " + mebibytes(kMaxTuningDocumentBytes) +
-                          " once decompressed, more than a tuning file may hold",
-                      report);
+        return refuse(Rule::DOCUMENT_SIZE,
+                      {{"file", path}, {"limit", mebibytes(kMaxTuningDocumentBytes)}}, report);
     }
     return true;
 }

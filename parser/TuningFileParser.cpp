@@ -59,16 +59,20 @@ std::string readVersion(xmlNode* element, ReaderReport& report) {
 class AttachedReport {
   public:
     AttachedReport(ReaderReport& reader, LoadReport* report) : mReader(reader) {
-        mReader.attach(report);
-        xml::setExpansionReport(report);
+        mReader.attach(report, report == nullptr ? nullptr : &mPositions);
+        xml::setExpansionReport(report == nullptr ? nullptr : &reader);
     }
     ~AttachedReport() {
-        mReader.attach(nullptr);
+        mReader.attach(nullptr, nullptr);
         xml::setExpansionReport(nullptr);
     }
 
+    // Where the elements of the document stand, for a load that reports.
+    SourcePositions* positions() { return mReader ? &mPositions : nullptr; }
+
   private:
     ReaderReport& mReader;
+    SourcePositions mPositions;
 };
 
 }  // namespace
@@ -87,7 +91,7 @@ TuningFileParser::~TuningFileParser() {
 
 int TuningFileParser::rootMissing() {
     ALOGE("fail to call xmlDocGetRootElement, %d", 144);
-    mReport.add(rules::kNoRoot, nullptr, "the document has no root element");
+    mReport.add(Rule::NO_ROOT, nullptr, {});
     return -19;
 }
 
@@ -98,11 +102,8 @@ bool TuningFileParser::checkMarkup(const std::string& document) {
               __func__, scan.crowdedLine, kMaxAttributesPerElement);
         ALOGE("fail to call xmlReadFile,  %d", 138);
         if (mReport) {
-            mReport.get()->add(rules::kAttributeCount, scan.crowdedLine,
-                               "an element starts here with more than " +
-                                   std::to_string(kMaxAttributesPerElement) +
-                                   " attributes, more than a tuning file's elements carry: the "
-                                   "file is not read");
+            mReport.get()->add(Rule::ATTRIBUTE_COUNT, {scan.crowdedLine, 0, scan.crowdedLine, 0},
+                               {{"limit", std::to_string(kMaxAttributesPerElement)}});
         }
         return false;
     }
@@ -127,7 +128,7 @@ int TuningFileParser::setTuningFile(std::string path, LoadReport* report) {
 int TuningFileParser::setTuningDocument(std::string path, std::string document, LoadReport* report) {
     AttachedReport attached(mReport, report);
     mTuningFilePath = std::move(path);
-    if (parseSource(document) != 0) {
+    if (parseSource(document, attached.positions()) != 0) {
         return -22;
     }
     // The entities copy what they read, so nothing refers to an earlier document.
@@ -149,7 +150,7 @@ int TuningFileParser::setTuningDocument(std::string path, std::string document, 
     return 0;
 }
 
-int TuningFileParser::parseSource(const std::string& source) {
+int TuningFileParser::parseSource(const std::string& source, SourcePositions* positions) {
     if (!checkMarkup(source)) {
         return -22;
     }
@@ -164,6 +165,7 @@ int TuningFileParser::parseSource(const std::string& source) {
     bool hasRoot = false;
     {
         SectionStream stream(documentReport.options());
+        stream.recordPositions(positions);
         struct Visit {
             TuningFileParser* parser;
             const SectionStream* stream;
@@ -210,7 +212,7 @@ int TuningFileParser::parseSource(const std::string& source) {
         return -22;
     }
     mContents.parsed = true;
-    reportLinks();
+    reportPresetLinks();
     return 0;
 }
 
@@ -253,7 +255,7 @@ void TuningFileParser::parseTuningFile() {
     if (mRootElement != nullptr) {
         parseDocument();
     } else if (!mSource.empty()) {
-        parseSource(mSource);
+        parseSource(mSource, nullptr);
     }
 }
 
@@ -283,27 +285,28 @@ bool TuningFileParser::parseDocument() {
         restore(before);
         return false;
     }
-    reportLinks();
+    reportPresetLinks();
     return true;
 }
 
-void TuningFileParser::reportLinks() {
+void TuningFileParser::reportPresetLinks() {
     if (!mReport) {
         return;
     }
-    std::map<PresetType, std::vector<const void*>> presets;
+    std::map<PresetType, std::vector<const void*>> byType;
     for (IeqPreset* preset : mContents.ieqPresets) {
-        presets[preset->getType()].push_back(preset);
+        byType[preset->getType()].push_back(preset);
     }
-    for (const auto& [type, sameType] : presets) {
+    for (const auto& [type, sameType] : byType) {
         if (sameType.size() > 1) {
             mReport.duplicatePresets(sameType, type);
         }
     }
+    std::map<const void*, PresetType> selections;
     for (Profile* profile : mContents.profiles) {
-        const PresetType type = profile->getSelectedIeqPreset();
-        mReport.selection(profile, type, presets.count(type) != 0);
+        selections[profile] = profile->getSelectedIeqPreset();
     }
+    mReport.presetLinks(selections);
 }
 
 void TuningFileParser::parseNode(xmlNode* first) {

@@ -87,6 +87,10 @@ class TuningFileParser {
     static int getNodeValue(xmlNode* element);
     static std::vector<int> parseDataRow(xmlNode* element);
     static std::vector<int> parseMixMatrix(std::string name, xmlNode* parent);
+    // The child nodes of `parent` that the reader reads: from the second on,
+    // as indented files put a whitespace text node first. A first child that
+    // is an element is skipped, and `report` learns of it.
+    static xmlNode* childrenOf(const xmlNode* parent, ReaderReport& report);
 
     void parseGeneral(xmlNode* general);
     void parseGeneralEndpoint(xmlNode* endpointType);
@@ -107,7 +111,8 @@ class TuningFileParser {
     bool parseDocument();
     // Parses a document from its bytes, section by section as they stream
     // in, with the same taking back; 0, -22 or -19.
-    int parseSource(const std::string& source);
+    // `positions`, when given, takes the places of the document's elements.
+    int parseSource(const std::string& source, SourcePositions* positions);
     // Whether libxml2 may parse the document: false, logged and reported,
     // when an element of it carries too many attributes. Makes room for the
     // document's entities.
@@ -122,9 +127,15 @@ class TuningFileParser {
     // Logs and reports an entity reference that libxml2 left out of an
     // attribute of an element in `section`.
     void droppedReference(const SectionStream::DroppedReference& dropped, const xmlNode* section);
-    // What a parse that reports adds at the end: links that point at nothing.
-    void reportLinks();
+    // What a parse that reports adds at the end: how the profiles' preset
+    // references meet the IEQ presets of the file.
+    void reportPresetLinks();
 
+    // Tells the report how the reader took the settings and the preset
+    // reference of `profile`, and what it left alone.
+    void reportProfileShape(const Profile* entity, xmlNode* profile, const xmlNode* container,
+                            const xmlNode* include, const std::string& presetName,
+                            PresetType readAs);
     // The value readers of the sections, which also tell the report what
     // they read.
     int readSetting(xmlNode* element);
@@ -134,14 +145,20 @@ class TuningFileParser {
     // The endpoint that an "endpoint_type" section of a profile or of the
     // general settings names by its first attribute, else other.
     Endpoint readEndpointType(xmlNode* endpointType);
-    // The matrix `name` of `parent`; `found` takes its element, or null.
-    std::vector<int> readMixMatrix(const char* name, xmlNode* parent, const xmlNode** found);
+    // The rows of a matrix element, flattened.
+    std::vector<int> readMatrix(const xmlNode* matrix);
+    // The child node at `position` (2 or 4) of `parent`, which the reader
+    // takes as the element `name` by its position; the report learns when
+    // it is not one, and `loss` says what the file loses then.
+    xmlNode* takeChild(const xmlNode* parent, int position, const char* name,
+                       const std::string& loss);
     // Stores `list` under `parameter` of `entity`, read from `node`.
     void store(ParameterValues& entity, Parameter parameter, std::vector<int> list,
                const xmlNode* node, std::string_view name,
                std::string_view attribute = std::string_view());
     void storeElementValue(ParameterValues& entity, xmlNode* element, const ElementValue& value);
     void readDataElement(Tuning& tuning, xmlNode* element, HeldLists& held);
+    void readOutputMode(Tuning& tuning, xmlNode* outputMode);
 
     // Holds the entities of mContents: it goes last.
     EntityArena mArena;

@@ -1,5 +1,6 @@
 #define LOG_TAG "TuningFileParser"
 
+#include <iterator>
 #include <map>
 #include <memory>
 #include <utility>
@@ -43,13 +44,23 @@ class HeldLists {
 
     std::vector<int>& of(Parameter parameter) { return mLists[parameter]; }
 
-    // The first element of each band table, for a report.
-    void tableMet(const char* name, const xmlNode* element) { mTables.emplace(name, element); }
+    // The first element of each band table, for a report, and whether more
+    // came of its name.
+    const xmlNode* tableMet(const char* name, const xmlNode* element) {
+        auto [found, added] = mTables.try_emplace(name, Table{element, false});
+        found->second.appended = !added;
+        return added ? nullptr : found->second.first;
+    }
 
     void storeInto(ParameterValues& tuning, ReaderReport& report) {
-        for (const auto& [name, element] : mTables) {
+        // Tables appended to one another are reported as such, and what
+        // their bands share follows from that.
+        for (const auto& [name, table] : mTables) {
             const NameTable<BandColumn>& columns = *findByName(kTuningBandElements, name);
-            report.bandFrequencies(&tuning, element, mLists[columns.begin()->second.parameter]);
+            if (!table.appended) {
+                report.duplicateBands(table.first, &tuning,
+                                      mLists[columns.begin()->second.parameter]);
+            }
         }
         for (Parameter parameter : heldParameters()) {
             tuning.set(parameter, std::move(mLists[parameter]));
@@ -78,19 +89,22 @@ class HeldLists {
 
     // Indexed by parameter: a list is found without a search.
     std::vector<int> mLists[kNumParameters];
-    std::map<std::string_view, const xmlNode*> mTables;
+    struct Table {
+        const xmlNode* first;
+        bool appended;
+    };
+    std::map<std::string_view, Table> mTables;
 };
 
 namespace {
 
 void readBandRows(Tuning& tuning, xmlNode* element, const char* name,
                   const NameTable<BandColumn>& columns, HeldLists& held, ReaderReport& report) {
-    if (report) {
-        held.tableMet(name, element);
-    }
-    report.descend(element);
-    for (xmlNode* row = xml::secondChild(element); row != nullptr; row = row->next) {
+    const xmlNode* first = report ? held.tableMet(name, element) : nullptr;
+    for (xmlNode* row = TuningFileParser::childrenOf(element, report); row != nullptr;
+         row = row->next) {
         if (!xml::isElement(row)) {
+            report.nonElement(row);
             continue;
         }
         report.named(row, kBandRowElement);
@@ -113,6 +127,10 @@ void readBandRows(Tuning& tuning, xmlNode* element, const char* name,
             held.of(column->parameter).push_back(number);
             report.gathered(&tuning, column->parameter, row, name, xml::nameOf(attribute));
         }
+    }
+    // A second table of the name adds its rows to the first's.
+    if (first != nullptr) {
+        report.bandTable(&tuning, element, first, held.of(columns.begin()->second.parameter).size());
     }
 }
 
@@ -145,26 +163,47 @@ void TuningFileParser::readDataElement(Tuning& tuning, xmlNode* element, HeldLis
             list.push_back(numberIn(element, attribute, mReport));
         }
         if (list.empty()) {
-            mReport.add(rules::kEmptyList, element,
-                        tagOf(element) + " has no attributes: the entry is not sent");
+            mReport.add(Rule::EMPTY_LIST, element,
+                        {{"element", tagOf(element)}, {"consequence", "the entry is not sent"}});
         }
         store(tuning, *parameter, std::move(list), element, view);
     } else if (const auto* table = findEntry(kTuningBandElements, view)) {
         readBandRows(tuning, element, table->first, table->second, held, mReport);
     } else if (view == kOutputModeElement) {
-        mReport.outputMode(element);
-        for (const auto& [matrix, parameter] : kOutputModeMatrices) {
-            const xmlNode* found = nullptr;
-            std::vector<int> values = readMixMatrix(matrix, element, &found);
-            tuning.set(parameter, values);
-            if (found != nullptr) {
-                mReport.value(&tuning, parameter, found, matrix);
-            }
-        }
+        readOutputMode(tuning, element);
     } else {
         mReport.unknownElement(element, kTuningValueElements, kTuningRowElements,
                                kTuningAttributeElements, kTuningAttributeListElements,
                                kTuningBandElements, kOutputModeElement);
+    }
+}
+
+void TuningFileParser::readOutputMode(Tuning& tuning, xmlNode* outputMode) {
+    // Every matrix is stored, empty when the element holds none. The reader
+    // takes the first child node under a matrix's name, whatever its kind.
+    const xmlNode* found[std::size(kOutputModeMatrices)] = {};
+    for (const auto& [matrix, parameter] : kOutputModeMatrices) {
+        tuning.set(parameter, std::vector<int>());
+    }
+    for (xmlNode* node = childrenOf(outputMode, mReport); node != nullptr; node = node->next) {
+        const auto* matrix = findEntry(kOutputModeMatrices, xml::nameOf(node));
+        if (matrix == nullptr) {
+            if (xml::isElement(node)) {
+                mReport.unknownElement(node, kOutputModeMatrices);
+            } else {
+                mReport.nonElement(node);
+            }
+            continue;
+        }
+        const xmlNode*& first = found[matrix - std::begin(kOutputModeMatrices)];
+        if (first != nullptr) {
+            if (xml::isElement(node)) {
+                mReport.secondMatrix(outputMode, node, first);
+            }
+            continue;
+        }
+        first = node;
+        store(tuning, matrix->second, readMatrix(node), node, matrix->first);
     }
 }
 
@@ -204,14 +243,14 @@ void TuningFileParser::parseTuning(xmlNode* tuning) {
     for (const auto& [attribute, parameter] : kTuningListAttributes) {
         entity->set(parameter, lists[parameter]);
         if (!lists[parameter].empty()) {
-            mReport.value(entity.get(), parameter, tuning, attribute);
+            mReport.value(entity.get(), parameter, tuning, xml::nameOf(tuning), attribute);
         }
     }
 
-    mReport.descend(tuning);
     xmlNode* data = nullptr;
-    for (xmlNode* node = xml::secondChild(tuning); node != nullptr; node = node->next) {
+    for (xmlNode* node = childrenOf(tuning, mReport); node != nullptr; node = node->next) {
         if (!xml::isElement(node)) {
+            mReport.nonElement(node);
             continue;
         }
         if (xml::nameOf(node) != kDeviceIdElement) {
@@ -220,19 +259,28 @@ void TuningFileParser::parseTuning(xmlNode* tuning) {
         }
         parseDeviceTuning(node, name);
     }
+    // A first child that is an element is reported as not indented, and
+    // what the reader takes after it follows from that.
+    const bool indented = tuning->children == nullptr || !xml::isElement(tuning->children);
     if (data == nullptr) {
         READER_LOGE("There is no <data> in Tuning section");
-        mReport.noData(tuning, name);
+        if (indented) {
+            mReport.noData(tuning, name);
+        }
         mReport.forget(entity.get());
         return;
     }
-    mReport.dataElement(entity.get(), tuning, data);
+    if (mReport && indented) {
+        const xmlNode* firstAfter = xml::firstElementFrom(data->next);
+        mReport.dataElement(entity.get(), tuning, data, firstAfter, xml::elementsFrom(firstAfter));
+    }
 
     HeldLists held;
-    mReport.descend(data);
-    for (xmlNode* node = xml::secondChild(data); node != nullptr; node = node->next) {
+    for (xmlNode* node = childrenOf(data, mReport); node != nullptr; node = node->next) {
         if (xml::isElement(node)) {
             readDataElement(*entity, node, held);
+        } else {
+            mReport.nonElement(node);
         }
     }
     held.storeInto(*entity, mReport);

@@ -34,31 +34,26 @@ std::vector<int> rowOf(const xmlNode* element, ReaderReport& report, const char*
     return row;
 }
 
-// The rows of the first child node named `name` of `parent`, flattened;
-// `node` takes that node, or null.
-std::vector<int> matrixOf(const char* name, const xmlNode* parent, ReaderReport& report,
-                          const xmlNode** node) {
-    std::vector<int> matrix;
-    matrix.reserve(kMatrixCapacity);
-    xmlNode* found = xml::secondChild(parent);
-    while (found != nullptr && xml::nameOf(found) != name) {
-        found = found->next;
-    }
-    report.descend(found);
+// The rows of the matrix element `matrix`, flattened.
+std::vector<int> rowsOf(const xmlNode* matrix, ReaderReport& report) {
+    std::vector<int> values;
+    values.reserve(kMatrixCapacity);
     std::vector<size_t> lengths;
-    for (xmlNode* row = xml::secondChild(found); row != nullptr; row = row->next) {
+    for (xmlNode* row = TuningFileParser::childrenOf(matrix, report); row != nullptr;
+         row = row->next) {
         if (!xml::isElement(row)) {
             continue;
         }
         report.named(row, kMatrixRowElement);
-        const std::vector<int> values =
+        const std::vector<int> rowValues =
             rowOf(row, report, kMatrixRowAttribute, "it adds nothing to the matrix");
-        matrix.insert(matrix.end(), values.begin(), values.end());
-        lengths.push_back(values.size());
+        values.insert(values.end(), rowValues.begin(), rowValues.end());
+        lengths.push_back(rowValues.size());
     }
-    report.matrixRows(found, lengths);
-    *node = found;
-    return matrix;
+    if (matrix != nullptr) {
+        report.matrixRows(matrix, lengths);
+    }
+    return values;
 }
 
 }  // namespace
@@ -86,9 +81,35 @@ std::vector<int> TuningFileParser::parseDataRow(xmlNode* element) {
 }
 
 std::vector<int> TuningFileParser::parseMixMatrix(std::string name, xmlNode* parent) {
+    xmlNode* found = xml::secondChild(parent);
+    while (found != nullptr && xml::nameOf(found) != name) {
+        found = found->next;
+    }
     ReaderReport none;
-    const xmlNode* found = nullptr;
-    return matrixOf(name.c_str(), parent, none, &found);
+    return rowsOf(found, none);
+}
+
+xmlNode* TuningFileParser::childrenOf(const xmlNode* parent, ReaderReport& report) {
+    if (report && parent != nullptr && xml::isElement(parent) && parent->children != nullptr &&
+        xml::isElement(parent->children)) {
+        report.descend(parent, xml::elementsIn(parent->children));
+    }
+    return xml::secondChild(parent);
+}
+
+xmlNode* TuningFileParser::takeChild(const xmlNode* parent, int position, const char* name,
+                                     const std::string& loss) {
+    xmlNode* taken = position == 2 ? xml::secondChild(parent) : xml::fourthChild(parent);
+    // A first child that is an element is reported as not indented, and what
+    // the reader takes after it follows from that; a section without
+    // elements loses nothing.
+    const bool indented =
+        parent == nullptr || parent->children == nullptr || !xml::isElement(parent->children);
+    if (mReport && indented &&
+        ((taken != nullptr && xml::isElement(taken)) || xml::hasElementChild(parent))) {
+        mReport.positional(parent, position, taken, name, loss);
+    }
+    return taken;
 }
 
 int TuningFileParser::readSetting(xmlNode* element) {
@@ -101,9 +122,8 @@ std::vector<int> TuningFileParser::readRow(xmlNode* element, const char* emptyAs
     return rowOf(element, mReport, kRowAttribute, emptyAs);
 }
 
-std::vector<int> TuningFileParser::readMixMatrix(const char* name, xmlNode* parent,
-                                                 const xmlNode** found) {
-    return matrixOf(name, parent, mReport, found);
+std::vector<int> TuningFileParser::readMatrix(const xmlNode* matrix) {
+    return rowsOf(matrix, mReport);
 }
 
 Endpoint TuningFileParser::readEndpointType(xmlNode* endpointType) {

@@ -22,6 +22,11 @@ std::string trimmed(const char* message) {
 
 }  // namespace
 
+Place XmlDocumentReport::placeOf(const Error& error) {
+    // libxml2 counts columns from 1, and gives 0 where it cannot tell.
+    return {error.line, error.column, error.line, error.column};
+}
+
 XmlDocumentReport::XmlDocumentReport(LoadReport* report) : mReport(report) {
     if (mReport == nullptr) {
         return;
@@ -67,12 +72,11 @@ void XmlDocumentReport::parsed(const xmlDoc* document,
         // The first error is the cause; the ones after it follow from it.
         for (const Error& error : mErrors) {
             if (error.level >= XML_ERR_ERROR) {
-                mReport->addAt(rules::kXmlSyntax, error.line, error.column,
-                               "not well-formed XML: " + error.message);
+                mReport->add(Rule::XML_SYNTAX, placeOf(error), {{"error", error.message}});
                 return;
             }
         }
-        mReport->add(rules::kXmlSyntax, 0, "libxml2 cannot read the file");
+        mReport->add(Rule::XML_SYNTAX, Place(), {{"error", "libxml2 cannot read the file"}});
         return;
     }
     for (const Error& error : mErrors) {
@@ -81,7 +85,7 @@ void XmlDocumentReport::parsed(const xmlDoc* document,
                                            std::make_pair(static_cast<long>(error.line),
                                                           error.subject)) != explained.end();
         if (!isExplained) {
-            mReport->addAt(rules::kXmlWarning, error.line, error.column, error.message);
+            mReport->add(Rule::XML_WARNING, placeOf(error), {{"error", error.message}});
         }
     }
     const xmlDtd* declarations = document->intSubset;
@@ -89,9 +93,8 @@ void XmlDocumentReport::parsed(const xmlDoc* document,
         xmlHashSize(static_cast<xmlHashTablePtr>(declarations->entities)) > 0) {
         // libxml2 keeps no line for declarations: the finding names the root's.
         const xmlNode* root = xmlDocGetRootElement(document);
-        mReport->add(rules::kEntityDeclaration, root == nullptr ? 0 : xmlGetLineNo(root),
-                     "the file declares entities, which a tuning file has no use for: the reader "
-                     "expands their references in attribute values, up to a limit");
+        const long line = root == nullptr ? 0 : xmlGetLineNo(root);
+        mReport->add(Rule::ENTITY_DECLARATION, {line, 0, line, 0}, {});
     }
 }
 

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "SourcePositions.h"
+
 // What libxml2 says while it reads a tuning file, for a load that reports;
 // not part of the library's interface.
 namespace ovela {
@@ -44,6 +46,7 @@ class XmlDocumentReport {
         long column;
         std::string message;
     };
+    static Place placeOf(const Error& error);
     static void collect(void* context, xmlError* error);
     void restore();
 

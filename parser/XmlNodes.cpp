@@ -4,14 +4,14 @@
 
 #include <libxml/entities.h>
 
-#include "LoadReport.h"
 #include "ReaderLog.h"
+#include "ReaderReport.h"
 
 namespace ovela::xml {
 
 namespace {
 
-thread_local LoadReport* tExpansionReport = nullptr;
+thread_local ReaderReport* tExpansionReport = nullptr;
 
 // Appends the text of `nodes` to `value` as xmlNodeListGetString(doc, nodes, 1)
 // puts it together: text and CDATA as they stand, an entity reference as the
@@ -48,7 +48,38 @@ bool appendText(const xmlDoc* document, const xmlNode* nodes, std::string& value
 
 }  // namespace
 
-void setExpansionReport(LoadReport* report) {
+size_t elementsIn(const xmlNode* element) {
+    size_t count = 1;
+    for (const xmlNode* child = element->children; child != nullptr; child = child->next) {
+        if (isElement(child)) {
+            count += elementsIn(child);
+        }
+    }
+    return count;
+}
+
+size_t elementsFrom(const xmlNode* node) {
+    size_t count = 0;
+    for (; node != nullptr; node = node->next) {
+        if (isElement(node)) {
+            count += elementsIn(node);
+        }
+    }
+    return count;
+}
+
+const xmlNode* firstElementFrom(const xmlNode* node) {
+    while (node != nullptr && !isElement(node)) {
+        node = node->next;
+    }
+    return node;
+}
+
+bool hasElementChild(const xmlNode* node) {
+    return node != nullptr && isElement(node) && firstElementFrom(node->children) != nullptr;
+}
+
+void setExpansionReport(ReaderReport* report) {
     tExpansionReport = report;
 }
 
@@ -62,12 +93,13 @@ std::string expandedValueOf(const xmlAttr* attribute) {
                     kMaxExpandedReferences);
         if (tExpansionReport != nullptr) {
             tExpansionReport->add(
-                rules::kEntityExpansion, xmlGetLineNo(attribute->parent),
-                reinterpret_cast<const char*>(attribute->name) + std::string(" of <") +
-                    reinterpret_cast<const char*>(attribute->parent->name) +
-                    "> expands its entity references past " +
-                    std::to_string(kMaxExpandedValueBytes) + " bytes or " +
-                    std::to_string(kMaxExpandedReferences) + " references: it reads as empty");
+                Rule::ENTITY_EXPANSION, attribute->parent, nameOf(attribute),
+                {{"attribute", toString(attribute->name)},
+                 {"element", "<" + toString(attribute->parent->name) + ">"},
+                 {"problem", "expands its entity references past " +
+                                 std::to_string(kMaxExpandedValueBytes) + " bytes or " +
+                                 std::to_string(kMaxExpandedReferences) + " references"},
+                 {"readAs", "empty"}});
         }
         return std::string();
     }

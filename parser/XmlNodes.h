@@ -14,7 +14,7 @@
 #include <string_view>
 
 namespace ovela {
-class LoadReport;
+class ReaderReport;
 }
 
 namespace ovela::xml {
@@ -46,7 +46,7 @@ std::string expandedValueOf(const xmlAttr* attribute);
 
 // The report that a value cut short on this thread goes to, if any: the
 // reader sets it for the length of a load.
-void setExpansionReport(LoadReport* report);
+void setExpansionReport(ReaderReport* report);
 
 // The value of `attribute` as xmlGetProp(element, name) gives it, read from
 // the tree in place: a view of the tree's own text when the attribute holds
@@ -110,6 +110,17 @@ inline xmlNode* fourthChild(const xmlNode* node) {
     }
     return second->next->next;
 }
+
+// The element and every element inside it.
+size_t elementsIn(const xmlNode* element);
+
+// The elements from `node` along its siblings, with every element inside them.
+size_t elementsFrom(const xmlNode* node);
+
+// The first element from `node` along its siblings, or null.
+const xmlNode* firstElementFrom(const xmlNode* node);
+
+bool hasElementChild(const xmlNode* node);
 
 // The attributes of an element; other kinds of node have none to offer.
 inline xmlAttr* firstAttribute(const xmlNode* node) {

@@ -15,9 +15,11 @@ ArrayBuilder::ArrayBuilder(int32_t* words, size_t capacity, int32_t header)
     mWords[1] = 0;
 }
 
-void ArrayBuilder::setOrigin(EntrySource source, long line, std::string label) {
+void ArrayBuilder::setOrigin(EntrySource source, const void* entity, Place place,
+                             std::string label) {
+    mEntity = entity;
     mOrigin.source = source;
-    mOrigin.line = line;
+    mOrigin.place = place;
     mOrigin.label = std::move(label);
 }
 
@@ -27,6 +29,7 @@ void ArrayBuilder::append(int32_t device, KyrParameterId code,
     mNeeded += words;
     if (mRecord != nullptr) {
         mOrigin.words = words;
+        mOrigin.device = device;
         mOrigin.code = code;
         mRecord->entries.push_back(mOrigin);
     }
@@ -40,8 +43,15 @@ void ArrayBuilder::append(int32_t device, KyrParameterId code,
 
 void ArrayBuilder::composeParams(int32_t device, const ParameterValues& entity) {
     for (const auto& [param, list] : entity.values) {
-        if (kParameterCodes[param] != 0 && !list.empty()) {
-            append(device, kParameterCodes[param], {list});
+        if (kParameterCodes[param] == 0 || list.empty()) {
+            continue;
+        }
+        append(device, kParameterCodes[param], {list});
+        if (mRecord != nullptr) {
+            const TracedValues* traced = mTrace->valuesOf(mEntity, param);
+            mRecord->entries.back().parts.push_back(
+                {param, 0, list.size(),
+                 traced == nullptr ? std::vector<Source>() : traced->sources});
         }
     }
 }

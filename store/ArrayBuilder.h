@@ -7,7 +7,7 @@
 #include <string>
 
 #include "KyrParameterId.h"
-#include "LoadReport.h"
+#include "LoadTrace.h"
 #include "PackedEntry.h"
 
 namespace ovela {
@@ -32,9 +32,18 @@ class ArrayBuilder {
     void composeParams(int32_t device, const ParameterValues& entity);
 
     // For a load that reports: every entry appended from now on is recorded
-    // in `record` as coming from `source`, the element at `line`, `label`.
-    void recordInto(ArrayRecord* record) { mRecord = record; }
-    void setOrigin(EntrySource source, long line, std::string label);
+    // in `record`, with where its values came from as `trace` tells.
+    void recordInto(ArrayRecord* record, const LoadTrace* trace) {
+        mRecord = record;
+        mTrace = trace;
+    }
+    // The entries appended from now on come from `entity`, which `label`
+    // names, read at `place`.
+    void setOrigin(EntrySource source, const void* entity, Place place, std::string label);
+    // The record of the entry appended last; null when none is recorded.
+    EntryOrigin* lastRecorded() {
+        return mRecord == nullptr || mRecord->entries.empty() ? nullptr : &mRecord->entries.back();
+    }
 
     bool overflowed() const { return mOverflowed; }
     int32_t getHeader() const { return mWords[0]; }
@@ -56,7 +65,9 @@ class ArrayBuilder {
     size_t mNeeded;
     bool mOverflowed = false;
     ArrayRecord* mRecord = nullptr;
-    EntryOrigin mOrigin{EntrySource::STORE, 0, std::string(), 0, 0};
+    const LoadTrace* mTrace = nullptr;
+    const void* mEntity = nullptr;
+    EntryOrigin mOrigin;
 };
 
 }  // namespace ovela

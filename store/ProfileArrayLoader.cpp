@@ -5,6 +5,8 @@
 #include <log/log.h>
 
 #include <algorithm>
+#include <cctype>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <set>
@@ -17,8 +19,8 @@
 #include "EntityValues.h"
 #include "LoadReport.h"
 #include "OvlProfileId.h"
-#include "Parameter.h"
 #include "ParamTables.h"
+#include "Parameter.h"
 #include "ProfileParamArray.h"
 #include "SpeakerData.h"
 #include "StoreReport.h"
@@ -57,6 +59,14 @@ constexpr int32_t kDigitalOutputMode = 2;
 constexpr int32_t kEndpointOutputMode = 1;
 constexpr int32_t kEndpointOutputChannels = 2;
 
+// Whether two names differ in letter case alone.
+bool sameLetters(const std::string& a, const std::string& b) {
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+               return std::tolower(static_cast<unsigned char>(x)) ==
+                      std::tolower(static_cast<unsigned char>(y));
+           });
+}
+
 bool isDigitalOutput(Endpoint endpoint) {
     return endpoint == ENDPOINT_AUX_DIGITAL || endpoint == ENDPOINT_REMOTE_SUBMIX;
 }
@@ -73,14 +83,15 @@ class Load {
         : mTables(tables),
           mSpeaker(speaker),
           mReport(report),
-          mConversion(tables, speaker, report),
+          mConversion(tables, speaker, mReport),
           mScratch(kBuilderCount * kProfileArrayWords) {
         mBuilders.reserve(kBuilderCount);
         for (size_t i = 0; i < kBuilderCount; ++i) {
             const OvlProfileId id =
                 i + 1 < kBuilderCount ? kFirstProfileId + static_cast<int>(i) : kGeneralProfileId;
             mBuilders.emplace_back(mScratch.data() + i * kProfileArrayWords, kProfileArrayWords, id);
-            mBuilders.back().recordInto(mReport.profileRecord(id, kProfileArrayWords));
+            mBuilders.back().recordInto(mReport.profileRecord(id, kProfileArrayWords),
+                                        mReport.trace());
         }
     }
 
@@ -151,7 +162,7 @@ class Load {
             if (profile == kSpeakerRenderingProfile && endpoint == ENDPOINT_SPEAKER) {
                 keepSpeakerRendering(*settings);
             }
-            mReport.storeEntries(*builder, "the store's defaults for ", settings);
+            mReport.builds(*builder, EntrySource::STORE, settings, "the store's defaults for ");
             const std::vector<int>& headphoneMode = valuesOf(*settings, HEADPHONE_VIRTUALIZER_MODE);
             if (profile == kHeadphoneRenderingProfile && !headphoneMode.empty() &&
                 headphoneMode.front() == kHeadphoneModeNeedingConfig &&
@@ -159,10 +170,14 @@ class Load {
                 builder->append(device,
                                 kParameterCodes[ADVANCED_HEADPHONE_VIRTUALIZER_RENDERING_CONFIG],
                                 {kDefaultHeadphoneRenderingConfig});
+                mReport.parts(*builder,
+                              {{EntryPart::kStore, std::size(kDefaultHeadphoneRenderingConfig)}});
             }
             for (Parameter mode : {HEADPHONE_VIRTUALIZER_MODE, SPEAKER_VIRTUALIZER_MODE}) {
                 if (valuesOf(*settings, mode).empty()) {
                     builder->append(device, kParameterCodes[mode], {kDefaultVirtualizerMode});
+                    mReport.parts(*builder,
+                                  {{EntryPart::kStore, std::size(kDefaultVirtualizerMode)}});
                 }
             }
         }
@@ -204,7 +219,30 @@ class Load {
             }
         }
         mReport.duplicateTunings(byName);
+        if (mReport) {
+            reportNameCases(byName);
+        }
         return true;
+    }
+
+    // Tunings named like an endpoint in another letter case, which serve
+    // no endpoint by their name.
+    void reportNameCases(const std::map<std::string, std::vector<const void*>>& byName) {
+        for (const auto& [name, tunings] : byName) {
+            for (size_t i = 0; i < kNumEndpoints; ++i) {
+                const Endpoint endpoint = static_cast<Endpoint>(i);
+                const std::string own = endpointName(endpoint);
+                if (name == own || !sameLetters(name, own)) {
+                    continue;
+                }
+                const bool used = mUsedEndpoints.count(endpoint) != 0;
+                const std::string servedBy = byName.count(own) != 0 ? "its own tuning, not this one"
+                                             : !used                ? "no tuning of its own"
+                                             : mDefaultTuning != nullptr ? "the default tuning"
+                                                                         : "no tuning at all";
+                mReport.tuningNameCase(tunings.back(), name, endpoint, servedBy);
+            }
+        }
     }
 
     void composeDefaultTuning() {
@@ -237,10 +275,13 @@ class Load {
                       kEndpointNames[endpoint]);
                 continue;
             }
-            mReport.storeEntries(*builder, "the output mode of ", settings);
+            mReport.builds(*builder, EntrySource::STORE, settings, "the output mode of ");
             mReport.consulted(settings, VIRTUALIZER_ENABLE);
             const std::vector<int>& enable = valuesOf(*settings, VIRTUALIZER_ENABLE);
             const int32_t virtualizer = enable.empty() ? 0 : enable.front();
+            // The switch is the settings' own when they give one.
+            const PartOf switchPart = enable.empty() ? PartOf{EntryPart::kStore, 1}
+                                                     : PartOf{VIRTUALIZER_ENABLE, 1, settings};
             const int32_t device = deviceForEndpoint(endpoint);
             if (endpoint != ENDPOINT_SPEAKER) {
                 const int32_t values[] = {
@@ -248,6 +289,7 @@ class Load {
                     isDigitalOutput(endpoint) ? kDigitalOutputMode : kEndpointOutputMode,
                     kEndpointOutputChannels};
                 builder->append(device, kOutputModeCode, {values});
+                mReport.parts(*builder, {switchPart, {EntryPart::kStore, std::size(values) - 1}});
                 continue;
             }
             // A mono speaker cannot virtualize.
@@ -257,12 +299,17 @@ class Load {
             const int32_t switched[] = {mSpeaker.mono ? 0 : virtualizer};
             const std::vector<int>& mode = valuesOf(*settings, SPEAKER_VIRTUALIZER_MODE);
             const bool plain = mode.empty() || mode.front() == kDefaultVirtualizerMode[0];
-            builder->append(device, kOutputModeCode,
-                            {switched, kSpeakerOutputMode,
-                             plain ? mSpeaker.outputMixMatrix : mSpeaker.advancedOutputMixMatrix});
+            const std::vector<int32_t>& matrix =
+                plain ? mSpeaker.outputMixMatrix : mSpeaker.advancedOutputMixMatrix;
+            builder->append(device, kOutputModeCode, {switched, kSpeakerOutputMode, matrix});
+            mReport.parts(*builder,
+                          {switchPart,
+                           {EntryPart::kStore, std::size(kSpeakerOutputMode)},
+                           {plain ? OUTPUT_MIX_MATRIX : ADVANCED_OUTPUT_MIX_MATRIX, matrix.size()}});
         }
         mSpeaker.outputMixMatrix.clear();
         mSpeaker.advancedOutputMixMatrix.clear();
+        mReport.speakerMatricesSent();
     }
 
     void appendIeqPresets(DeviceData& data) {
@@ -272,17 +319,16 @@ class Load {
             const std::initializer_list<ListOf> bands = {{IEQ_FREQUENCY, &frequencies},
                                                          {IEQ_TARGET, &targets}};
             const bool sent = sameBandCount(bands);
-            if (mReport) {
-                mReport.get()->markUsed(preset);
-                mReport.composite(preset, kIeqBandsCode, bands, sent);
-                general().setOrigin(EntrySource::IEQ_PRESET, mReport.get()->lineOf(preset),
-                                    mReport.get()->labelOf(preset));
-            }
+            mReport.builds(general(), EntrySource::IEQ_PRESET, preset, "");
+            mReport.composite(preset, kIeqBandsCode, bands, sent);
             if (!sent) {
                 continue;
             }
             const int32_t count[] = {static_cast<int32_t>(frequencies.size())};
             general().append(kDeviceAll, kIeqBandsCode, {count, frequencies, targets});
+            mReport.parts(general(), {{EntryPart::kStore, std::size(count)},
+                                      {IEQ_FREQUENCY, frequencies.size(), preset},
+                                      {IEQ_TARGET, targets.size(), preset}});
         }
     }
 
@@ -313,7 +359,7 @@ class Load {
             }
             mTables.addProfile(builder.getHeader(), array, builder.getSizeInBytes());
             if (mReport) {
-                mReport.get()->profileRecord(builder.getHeader()).stored = true;
+                mReport.get()->trace().profileRecord(builder.getHeader()).stored = true;
             }
             ALOGD("add the profile table: profileId=%d, paramNum=%d, size=%u", builder.getHeader(),
                   builder.getParamCount(), builder.getSizeInBytes());
@@ -326,7 +372,7 @@ class Load {
             return;
         }
         const OvlProfileId id = builder.getHeader();
-        ArrayRecord& record = mReport.get()->profileRecord(id);
+        ArrayRecord& record = mReport.get()->trace().profileRecord(id);
         record.neededWords = builder.getNeededWords();
         const std::string cause =
             mDuplicateProfiles.count(id) != 0
@@ -358,7 +404,7 @@ bool loadProfileArrays(const std::string& path, std::string document, ParamTable
     if (parser->setTuningDocument(path, std::move(document), report) != 0) {
         ALOGE("XML parses error!!");
         if (report != nullptr && !report->hasErrors()) {
-            report->add(rules::kXmlSyntax, 0, "the file does not load");
+            report->add(Rule::XML_SYNTAX, Place(), {{"error", "the file does not load"}});
         }
         return false;
     }

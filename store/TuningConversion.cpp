@@ -5,6 +5,7 @@
 #include <log/log.h>
 
 #include <initializer_list>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -12,8 +13,8 @@
 #include "AudioDevices.h"
 #include "CompositeEntries.h"
 #include "EntityValues.h"
-#include "Parameter.h"
 #include "ParamTables.h"
+#include "Parameter.h"
 #include "SpeakerData.h"
 #include "Tuning.h"
 
@@ -44,6 +45,9 @@ class Composites {
         }
         const int32_t head[] = {kStereoChannels, static_cast<int32_t>(left.size())};
         mBuilder.append(mDevice, kComplexEqualizerCode, {head, left, right});
+        mReport.parts(mBuilder, {{EntryPart::kStore, std::size(head)},
+                                 {COMPLEX_EQUALIZER_TUNING_LEFT, left.size(), &mTuning},
+                                 {COMPLEX_EQUALIZER_TUNING_RIGHT, right.size(), &mTuning}});
     }
 
     void sibilanceSuppression() {
@@ -58,6 +62,11 @@ class Composites {
         const ValueRun padding(kSibilancePadding, padded ? 1 : 0);
         const int32_t head[] = {kStereoChannels, static_cast<int32_t>(left.size() + padding.size)};
         mBuilder.append(mDevice, kSibilanceSuppressionCode, {head, padding, left, padding, right});
+        mReport.parts(mBuilder,
+                      {{EntryPart::kStore, std::size(head) + padding.size},
+                       {REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_LEFT, left.size(), &mTuning},
+                       {EntryPart::kStore, padding.size},
+                       {REGULATOR_SIBILANCE_SUPPRESS_AMOUNTS_RIGHT, right.size(), &mTuning}});
     }
 
     void audioOptimizer() {
@@ -72,6 +81,10 @@ class Composites {
         // Here the effect wants the band count before the channel count.
         const int32_t head[] = {static_cast<int32_t>(frequencies.size()), kStereoChannels};
         mBuilder.append(mDevice, kAudioOptimizerCode, {head, frequencies, left, right});
+        mReport.parts(mBuilder, {{EntryPart::kStore, std::size(head)},
+                                 {AUDIO_OPTIMIZER_FREQUENCY, frequencies.size(), &mTuning},
+                                 {AUDIO_OPTIMIZER_GAIN_L, left.size(), &mTuning},
+                                 {AUDIO_OPTIMIZER_GAIN_R, right.size(), &mTuning}});
     }
 
     // Sent in addition to the plain "arsa" entry of the same values: the
@@ -83,6 +96,8 @@ class Composites {
         }
         const int32_t head[] = {kStereoChannels};
         mBuilder.append(mDevice, kParameterCodes[REGULATOR_STRESS_AMOUNT], {head, stress});
+        mReport.parts(mBuilder, {{EntryPart::kStore, std::size(head)},
+                                 {REGULATOR_STRESS_AMOUNT, stress.size(), &mTuning}});
     }
 
     void regulatorBands() {
@@ -98,6 +113,11 @@ class Composites {
         }
         const int32_t head[] = {static_cast<int32_t>(frequencies.size())};
         mBuilder.append(mDevice, kRegulatorBandsCode, {head, frequencies, low, high, isolated});
+        mReport.parts(mBuilder, {{EntryPart::kStore, std::size(head)},
+                                 {REGULATOR_FREQUENCY, frequencies.size(), &mTuning},
+                                 {REGULATOR_THRESHOLD_LOW, low.size(), &mTuning},
+                                 {REGULATOR_THRESHOLD_HIGH, high.size(), &mTuning},
+                                 {REGULATOR_ISOLATED_BAND, isolated.size(), &mTuning}});
     }
 
   private:
@@ -119,7 +139,7 @@ class Composites {
 
 }  // namespace
 
-TuningConversion::TuningConversion(ParamTables& tables, SpeakerData& speaker, LoadReport* report)
+TuningConversion::TuningConversion(ParamTables& tables, SpeakerData& speaker, StoreReport& report)
     : mTables(tables), mSpeaker(speaker), mReport(report) {}
 
 bool TuningConversion::convertTuning(Tuning* tuning, int& counter) {
@@ -128,7 +148,7 @@ bool TuningConversion::convertTuning(Tuning* tuning, int& counter) {
     mScratch.resize(kTuningArrayWords);
     ArrayBuilder builder(mScratch.data(), kTuningArrayWords, counter);
     ArrayRecord* record = mReport.tuningRecord(name, kTuningArrayWords);
-    builder.recordInto(record);
+    builder.recordInto(record, mReport.trace());
     mReport.composed(builder, EntrySource::TUNING, tuning);
     builder.composeParams(device, *tuning);
     if (name == kSpeakerTuningName) {
@@ -189,7 +209,7 @@ void TuningConversion::setCommonSpeakerParams(Tuning* tuning) {
         std::vector<int32_t>& kept = matrix == OUTPUT_MIX_MATRIX ? mSpeaker.outputMixMatrix
                                                                  : mSpeaker.advancedOutputMixMatrix;
         kept.insert(kept.end(), values.begin(), values.end());
-        mReport.consulted(tuning, matrix);
+        mReport.speakerMatrix(tuning, matrix);
     }
 }
 

@@ -10,7 +10,6 @@
 
 namespace ovela {
 
-class LoadReport;
 class ParamTables;
 class Tuning;
 struct SpeakerData;
@@ -20,7 +19,8 @@ struct SpeakerData;
 // whole load succeeded.
 class TuningConversion {
   public:
-    TuningConversion(ParamTables& tables, SpeakerData& speaker, LoadReport* report);
+    // `report` is the load's, which the conversion shares.
+    TuningConversion(ParamTables& tables, SpeakerData& speaker, StoreReport& report);
 
     // Builds the tuning's array (its plain entries, then the composite "ceqt",
     // "rssa", "aobs", "arsa" and "arbs" entries) and adds it under the tuning's
@@ -37,7 +37,7 @@ class TuningConversion {
   private:
     ParamTables& mTables;
     SpeakerData& mSpeaker;
-    StoreReport mReport;
+    StoreReport& mReport;
     // The words of the array being built, allocated by the first tuning and
     // reused by the next.
     std::vector<int32_t> mScratch;

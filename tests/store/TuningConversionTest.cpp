@@ -30,7 +30,8 @@ class TuningConversionTest : public ::testing::Test {
 
     ParamTables mTables;
     SpeakerData mSpeaker;
-    TuningConversion mConversion{mTables, mSpeaker, nullptr};
+    StoreReport mNoReport{nullptr};
+    TuningConversion mConversion{mTables, mSpeaker, mNoReport};
 };
 
 TEST_F(TuningConversionTest, PlainEntriesCarryTheEndpointDeviceAndTheOrdinal) {
@@ -109,7 +110,8 @@ TEST_F(TuningConversionTest, CompositesNeedListsOfOneLengthAndPadOnlyFiveSibilan
 TEST(TuningConversionSpeakerTest, OnlySpeakerTuningsFeedTheSpeakerData) {
     ParamTables tables;
     SpeakerData speaker;
-    TuningConversion conversion(tables, speaker, nullptr);
+    StoreReport noReport(nullptr);
+    TuningConversion conversion(tables, speaker, noReport);
     Tuning other("speaker2", ENDPOINT_SPEAKER, true);
     other.set(OUTPUT_MIX_MATRIX, {1});
     other.set(VIRTUALIZER_FRONT_SPEAKER_ANGLE, {10});

@@ -64,9 +64,8 @@ TEST(OvelaTuneDumpTest, NamesWhatItPrints) {
     };
     hasLine(all.out, "file: " + file);
     hasLine(all.out, "  headphone     qvla  volume-leveler-amount                      1: 7");
-    hasLine(all.out,
-            "  headphone     dom   virtualizer-enable, mix_matrix, advanced_mix_matrix   3: 0 1 2");
-    hasLine(all.out, "  all           iebs  band_ieq frequency, target                 3: 1 100 5");
+    hasLine(all.out, "  headphone     dom   (store)                                    3: 0 1 2");
+    hasLine(all.out, "  all           iebs  (store), band_ieq frequency, target        3: 1 100 5");
     hasLine(all.out, "profile 2 \"music\", IEQ preset warm: 5 entries, 96 bytes");
     hasLine(all.out, "  headphone     default       selects: default");
 

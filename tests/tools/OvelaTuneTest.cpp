@@ -183,7 +183,7 @@ TEST(OvelaTuneCheckTest, PrintsEachFindingOnALineOfItsOwnAndExitsByTheWorstFile)
         }
     }
     EXPECT_NE(run.out.find(warning.path() +
-                           ":4:0: warning: <auxiliary-system-gain-enable> has no value attribute, "
+                           ":4:13: warning: <auxiliary-system-gain-enable> has no value attribute, "
                            "only values: it reads as 0 (did you mean value?) [missing-value]\n"),
               std::string::npos)
         << run.out;
@@ -206,7 +206,8 @@ TEST(OvelaTuneCheckTest, JsonCarriesTheFilesAndTheFindings) {
     EXPECT_EQ(run.exitCode, kExitFindings);
     nlohmann::json expected = nlohmann::json::parse(R"json({
         "files": [{"loads": true, "errors": 0, "warnings": 1, "notes": 0}],
-        "findings": [{"line": 4, "column": 0, "severity": "warning", "rule": "missing-value",
+        "findings": [{"line": 4, "column": 13, "endLine": 4, "endColumn": 55,
+                      "severity": "warning", "rule": "missing-value",
                       "message": "<auxiliary-system-gain-enable> has no value attribute, only values: it reads as 0 (did you mean value?)"}]
     })json");
     expected["files"][0]["file"] = warning.path();
@@ -218,7 +219,7 @@ TEST(OvelaTuneCheckTest, JsonCarriesTheFilesAndTheFindings) {
 TEST(OvelaTuneCheckTest, ReadmeListsEveryRule) {
     ToolRun run = runOvelaTune({"check", "--rules"});
     ASSERT_EQ(run.exitCode, kExitOk);
-    EXPECT_EQ(linesOf(run.out).size(), kLoadRuleCount + 2);
+    EXPECT_EQ(linesOf(run.out).size(), std::size(kLoadRules) + 2);
     EXPECT_NE(fileText(std::string(OVELA_SOURCE_DIR) + "/README.md").find(run.out), std::string::npos)
         << run.out;
 }

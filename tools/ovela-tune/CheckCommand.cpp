@@ -35,6 +35,8 @@ void printJson(const Files& files, std::ostream& out) {
             document["findings"].push_back({{"file", file->path},
                                             {"line", f.line},
                                             {"column", f.column},
+                                            {"endLine", f.endLine},
+                                            {"endColumn", f.endColumn},
                                             {"severity", severityName(f.severity)},
                                             {"rule", f.rule},
                                             {"message", f.message}});
@@ -44,11 +46,10 @@ void printJson(const Files& files, std::ostream& out) {
 }
 
 void printRules(std::ostream& out) {
-    out << "| Rule | Level | Example |\n|---|---|---|\n";
-    for (size_t i = 0; i < kLoadRuleCount; ++i) {
-        const LoadRule& rule = *kLoadRules[i];
-        out << "| `" << rule.name << "` | " << severityName(rule.severity) << " | `" << rule.example
-            << "` |\n";
+    out << "| Rule | Level | Message | Example |\n|---|---|---|---|\n";
+    for (const LoadRule& rule : kLoadRules) {
+        out << "| `" << rule.name << "` | " << severityName(rule.severity) << " | `" << rule.message
+            << "` | `" << rule.example << "` |\n";
     }
 }
 

@@ -125,7 +125,7 @@ nlohmann::json entriesToJson(const std::vector<NamedEntry>& entries, bool raw) {
                                {"values", entry.values},
                                {"from", entry.origin}};
         if (raw) {
-            item["line"] = entry.line;
+            item["line"] = entry.place.line;
         }
         list.push_back(item);
     }

@@ -8,28 +8,34 @@
 #include <tuple>
 
 #include "DeviceData.h"
-#include "EntryNames.h"
 #include "RecordedTuning.h"
 #include "StoreArrays.h"
+#include "TuningFileVocabulary.h"
 
 namespace ovela::tune {
 
 namespace {
 
-// Names the entries of `array` and gives them the origins that the load
-// recorded for them, when the record matches the array.
+// Names the entries of `array` from the origins that the load recorded for
+// them.
 std::vector<NamedEntry> namedEntries(const PackedArray& array, const ArrayRecord* record,
                                      std::vector<NamedEntry>* fromDefaultTuning) {
     const bool recorded = record != nullptr && record->entries.size() == array.entries.size();
     std::vector<NamedEntry> entries;
+    std::map<std::tuple<std::string, int32_t, KyrParameterId>, size_t> seen;
     for (size_t i = 0; i < array.entries.size(); ++i) {
         const PackedEntry& entry = array.entries[i];
-        NamedEntry named{entry.device, entry.code, entry.values, entryNamesOf(entry.code), "", 0};
+        NamedEntry named{entry.device, entry.code, entry.values, {}, "", Place(), {}, 0};
         if (recorded) {
-            named.origin = record->entries[i].label;
-            named.line = record->entries[i].line;
-            if (fromDefaultTuning != nullptr &&
-                record->entries[i].source == EntrySource::DEFAULT_TUNING) {
+            const EntryOrigin& origin = record->entries[i];
+            named.origin = origin.label;
+            named.place = origin.place;
+            named.parts = origin.parts;
+            for (const EntryPart& part : origin.parts) {
+                named.names.push_back(partName(part));
+            }
+            named.ordinal = seen[{origin.label, entry.device, entry.code}]++;
+            if (fromDefaultTuning != nullptr && origin.source == EntrySource::DEFAULT_TUNING) {
                 fromDefaultTuning->push_back(named);
             }
         }
@@ -59,6 +65,13 @@ size_t deviceRank(int32_t device) {
 
 }  // namespace
 
+std::string partName(const EntryPart& part) {
+    if (!part.sources.empty()) {
+        return nameOf(part.sources.front());
+    }
+    return part.parameter == EntryPart::kStore ? "(store)" : xmlNameOf(part.parameter);
+}
+
 std::string NamedArray::title() const {
     switch (kind) {
         case ArrayKind::GENERAL:
@@ -84,6 +97,7 @@ FileContents describe(LoadedFile& file) {
                 profile->getName(), kPresetTypeNames[profile->getSelectedIeqPreset()]);
         }
     }
+    const LoadTrace& trace = report.trace();
     for (OvlProfileId id = kGeneralProfileId; id <= kLastProfileId; ++id) {
         const std::optional<PackedArray> array = profileArray(store, id);
         if (!array) {
@@ -96,7 +110,7 @@ FileContents describe(LoadedFile& file) {
                          ENDPOINT_SPEAKER,
                          {},
                          {},
-                         namedEntries(*array, recordOf(report.profileRecords(), id),
+                         namedEntries(*array, recordOf(trace.profileRecords(), id),
                                       id == kGeneralProfileId ? &contents.defaultTuning : nullptr)};
         std::vector<std::pair<std::string, std::string>> models = profiles[id];
         std::sort(models.begin(), models.end());
@@ -131,7 +145,7 @@ FileContents describe(LoadedFile& file) {
                  endpoint,
                  {},
                  {},
-                 namedEntries(*array, recordOf(report.tuningRecords(), name), nullptr)});
+                 namedEntries(*array, recordOf(trace.tuningRecords(), name), nullptr)});
         }
     }
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "LoadTrace.h"
 #include "LoadedFile.h"
 
 // What the effect receives from a loaded tuning file, by name: the arrays of
@@ -19,14 +20,23 @@ struct NamedEntry {
     int32_t device;
     KyrParameterId code;
     std::vector<int32_t> values;
-    // What the file calls the values ("volume-leveler-amount"); for a
-    // composite entry the parts it is made of.
+    // What the file calls the values ("volume-leveler-amount"), one name per
+    // part of the entry; "(store)" for the values that the store writes.
     std::vector<std::string> names;
     // The section the entry came from ("profile 2 on headphone", "IEQ preset
-    // warm", "the store's defaults for ..."), and its line.
+    // warm", "the store's defaults for ..."), and where it stands.
     std::string origin;
-    long line;
+    Place place;
+    // The runs of values the entry is made of and where each came from.
+    std::vector<EntryPart> parts;
+    // Of the entries of its array with the same origin, device and code, the
+    // how-manieth (from 0): with the origin, what pairs entries of two files.
+    size_t ordinal = 0;
 };
+
+// What the file calls the values of `part`: "band_ieq target", or "(store)"
+// for the values that the store writes itself.
+std::string partName(const EntryPart& part);
 
 enum class ArrayKind { GENERAL, PROFILE, TUNING };
 

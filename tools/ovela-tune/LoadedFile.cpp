@@ -22,7 +22,7 @@ std::vector<LoadFinding> LoadedFile::findings() const {
                          if ((a.severity == Severity::ERROR) != (b.severity == Severity::ERROR)) {
                              return a.severity == Severity::ERROR;
                          }
-                         return a.line < b.line;
+                         return a.line < b.line || (a.line == b.line && a.column < b.column);
                      });
     return findings;
 }

@@ -59,21 +59,21 @@ std::string heading(const char* tag, const std::string& text) {
 // part of the file begins.
 class SectionLines {
   public:
-    SectionLines(const LoadReport& report, DeviceData& model) {
+    SectionLines(const LoadTrace& trace, DeviceData& model) {
         for (IeqPreset* preset : model.getIeqPresets()) {
-            add(report.lineOf(preset), "ieq-presets");
+            add(trace.placeOf(preset).line, "ieq-presets");
         }
         for (GeqPreset* preset : model.getGeqPresets()) {
-            add(report.lineOf(preset), "geq-presets");
+            add(trace.placeOf(preset).line, "geq-presets");
         }
         for (Profile* profile : model.getProfiles()) {
-            add(report.lineOf(profile), profileAnchor(profile->getProfileId()));
+            add(trace.placeOf(profile).line, profileAnchor(profile->getProfileId()));
         }
         for (Tuning* tuning : model.getTunings()) {
-            add(report.lineOf(tuning), tuningAnchor(tuning->getName()));
+            add(trace.placeOf(tuning).line, tuningAnchor(tuning->getName()));
         }
         if (model.getGeneral() != nullptr) {
-            add(report.lineOf(model.getGeneral()), "arrays");
+            add(trace.placeOf(model.getGeneral()).line, "arrays");
         }
         std::sort(mLines.begin(), mLines.end());
     }
@@ -116,19 +116,97 @@ std::string findingsSection(const LoadedFile& file, const SectionLines* sections
     return html + "</ul>\n</section>\n";
 }
 
-std::vector<double> valuesOf(ParameterValues& entity, Parameter parameter) {
-    auto found = entity.values.find(parameter);
-    if (found == entity.values.end()) {
-        return {};
-    }
-    return std::vector<double>(found->second.begin(), found->second.end());
+// One value of a list as the report draws it, with the row of the file that
+// gave it: a band row's start tag, or for a list that one element gives, its
+// position (line 0).
+struct DrawnValue {
+    Place row;
+    double value;
+};
+
+bool sameRow(const Place& a, const Place& b) {
+    return a.line == b.line && a.column == b.column;
 }
 
-// The values of `parameter` over `x`, as a series named `name`.
-ChartSeries series(const LoadReport& report, ParameterValues& entity, Parameter parameter,
-                   std::string name, std::vector<double> x) {
-    return {std::move(name), std::move(x), valuesOf(entity, parameter),
-            report.isSent(&entity, parameter)};
+// The values of `parameter` of `entity`: those that an array carries, when
+// one does, else those that the file gives, which the effect never receives.
+class DrawnList {
+  public:
+    DrawnList(const FileContents& contents, const LoadTrace& trace, const ParameterValues& entity,
+              Parameter parameter) {
+        const TracedValues* traced = trace.valuesOf(&entity, parameter);
+        if (traced == nullptr || traced->sources.empty()) {
+            return;
+        }
+        mSent = traced->fate == Fate::SENT;
+        if (mSent && fromArrays(contents, parameter, *traced)) {
+            return;
+        }
+        mSent = false;
+        const auto found = entity.values.find(parameter);
+        if (found != entity.values.end()) {
+            take(found->second.data(), found->second.size(), traced->sources);
+        }
+    }
+
+    bool sent() const { return mSent; }
+    bool empty() const { return mValues.empty(); }
+    const std::vector<DrawnValue>& values() const { return mValues; }
+
+  private:
+    // The entry part that carries these values, found by where they came from.
+    bool fromArrays(const FileContents& contents, Parameter parameter, const TracedValues& traced) {
+        for (const NamedArray& array : contents.arrays) {
+            for (const NamedEntry& entry : array.entries) {
+                for (const EntryPart& part : entry.parts) {
+                    if (part.parameter == parameter && !part.sources.empty() &&
+                        sameRow(part.sources.front().place, traced.sources.front().place) &&
+                        part.first + part.count <= entry.values.size()) {
+                        take(entry.values.data() + part.first, part.count, part.sources);
+                        return true;
+                    }
+                }
+            }
+        }
+        return false;
+    }
+
+    void take(const int32_t* values, size_t count, const std::vector<Source>& sources) {
+        const bool byRow = sources.size() == count;
+        for (size_t i = 0; i < count; ++i) {
+            mValues.push_back({byRow ? sources[i].elementPlace : Place{0, static_cast<long>(i)},
+                               static_cast<double>(values[i])});
+        }
+    }
+
+    std::vector<DrawnValue> mValues;
+    bool mSent = false;
+};
+
+// `y` over `x`, value by value from the same row: a row that gives one and
+// not the other adds no point, and moves none.
+ChartSeries series(std::string name, const DrawnList& x, const DrawnList& y) {
+    ChartSeries drawn{std::move(name), {}, {}, x.sent() && y.sent()};
+    for (const DrawnValue& point : y.values()) {
+        for (const DrawnValue& at : x.values()) {
+            if (sameRow(at.row, point.row)) {
+                drawn.x.push_back(at.value);
+                drawn.y.push_back(point.value);
+                break;
+            }
+        }
+    }
+    return drawn;
+}
+
+// `y` over the positions of its values.
+ChartSeries positionSeries(std::string name, const DrawnList& y) {
+    ChartSeries drawn{std::move(name), {}, {}, y.sent()};
+    for (size_t i = 0; i < y.values().size(); ++i) {
+        drawn.x.push_back(static_cast<double>(i));
+        drawn.y.push_back(y.values()[i].value);
+    }
+    return drawn;
 }
 
 // What the entries of `device` switch on: every "-enable" value that is not
@@ -137,12 +215,13 @@ std::string enabledFeatures(const NamedArray& array, int32_t device) {
     static const std::string kEnable = "-enable";
     std::vector<std::string> features;
     for (const NamedEntry& entry : array.entries) {
-        if (entry.device != device || entry.values.size() != entry.names.size()) {
+        if (entry.device != device) {
             continue;
         }
-        for (size_t i = 0; i < entry.names.size(); ++i) {
-            const std::string& name = entry.names[i];
-            if (entry.values[i] != 0 && name.size() > kEnable.size() &&
+        for (const EntryPart& part : entry.parts) {
+            const std::string name = partName(part);
+            if (part.count == 1 && part.first < entry.values.size() &&
+                entry.values[part.first] != 0 && name.size() > kEnable.size() &&
                 name.compare(name.size() - kEnable.size(), kEnable.size(), kEnable) == 0) {
                 features.push_back(name.substr(0, name.size() - kEnable.size()));
             }
@@ -204,15 +283,17 @@ std::string endpointsSection(const FileContents& contents) {
     return html + "</table>\n</section>\n";
 }
 
-std::string presetsSections(DeviceData& model, const LoadReport& report) {
+std::string presetsSections(DeviceData& model, const FileContents& contents,
+                            const LoadTrace& trace) {
     LineChart ieq{"ieq-presets", "IEQ presets: target curves", XScale::LOG_FREQUENCY,
                   kHertz,        "target (as in the file)",    {}};
     std::vector<IeqPreset*> ieqPresets(model.getIeqPresets().begin(), model.getIeqPresets().end());
     std::sort(ieqPresets.begin(), ieqPresets.end(),
               [](IeqPreset* a, IeqPreset* b) { return a->getType() < b->getType(); });
     for (IeqPreset* preset : ieqPresets) {
-        ieq.series.push_back(series(report, *preset, IEQ_TARGET, kPresetTypeNames[preset->getType()],
-                                    valuesOf(*preset, IEQ_FREQUENCY)));
+        ieq.series.push_back(series(kPresetTypeNames[preset->getType()],
+                                    DrawnList(contents, trace, *preset, IEQ_FREQUENCY),
+                                    DrawnList(contents, trace, *preset, IEQ_TARGET)));
     }
     LineChart geq{"geq-presets", "GEQ presets: band gains", XScale::LOG_FREQUENCY,
                   kHertz,        "gain (as in the file)",   {}};
@@ -220,9 +301,9 @@ std::string presetsSections(DeviceData& model, const LoadReport& report) {
     std::sort(geqPresets.begin(), geqPresets.end(),
               [](GeqPreset* a, GeqPreset* b) { return a->getProfileId() < b->getProfileId(); });
     for (GeqPreset* preset : geqPresets) {
-        geq.series.push_back(series(report, *preset, GEQ_GAIN,
-                                    "preset " + std::to_string(preset->getProfileId()),
-                                    valuesOf(*preset, GEQ_FREQUENCY)));
+        geq.series.push_back(series("preset " + std::to_string(preset->getProfileId()),
+                                    DrawnList(contents, trace, *preset, GEQ_FREQUENCY),
+                                    DrawnList(contents, trace, *preset, GEQ_GAIN)));
     }
     std::string html;
     for (const LineChart* chart : {&ieq, &geq}) {
@@ -236,21 +317,20 @@ std::string presetsSections(DeviceData& model, const LoadReport& report) {
 
 // A chart of every band table of the tuning: each number column over the
 // rows' frequencies.
-std::string bandCharts(Tuning& tuning, const std::string& id, const LoadReport& report) {
+std::string bandCharts(Tuning& tuning, const std::string& id, const FileContents& contents,
+                       const LoadTrace& trace) {
     std::string html;
     for (const auto& [element, columns] : kTuningBandElements) {
         LineChart chart{id + "-" + element,       element, XScale::LOG_FREQUENCY, kHertz,
                         "value (as in the file)", {}};
-        std::vector<double> frequencies;
+        const DrawnList frequencies(contents, trace, tuning, columns.begin()->second.parameter);
         for (const auto& [name, column] : columns) {
-            if (std::string(name) == kBandFrequencyAttribute) {
-                frequencies = valuesOf(tuning, column.parameter);
+            if (std::string(name) == kBandFrequencyAttribute || column.value != BandValue::NUMBER) {
+                continue;
             }
-        }
-        for (const auto& [name, column] : columns) {
-            if (std::string(name) != kBandFrequencyAttribute && column.value == BandValue::NUMBER &&
-                !valuesOf(tuning, column.parameter).empty()) {
-                chart.series.push_back(series(report, tuning, column.parameter, name, frequencies));
+            const DrawnList values(contents, trace, tuning, column.parameter);
+            if (!values.empty()) {
+                chart.series.push_back(series(name, frequencies, values));
             }
         }
         if (!frequencies.empty() && !chart.series.empty()) {
@@ -260,7 +340,8 @@ std::string bandCharts(Tuning& tuning, const std::string& id, const LoadReport& 
     return html;
 }
 
-std::string complexEqualizerChart(Tuning& tuning, const std::string& id, const LoadReport& report) {
+std::string complexEqualizerChart(Tuning& tuning, const std::string& id,
+                                  const FileContents& contents, const LoadTrace& trace) {
     // The lists' names differ in their channels only: the legend names those.
     const std::string common = xmlNameOf(COMPLEX_EQUALIZER_TUNING_LEFT);
     const std::string prefix = common.substr(0, common.rfind('-') + 1);
@@ -269,27 +350,31 @@ std::string complexEqualizerChart(Tuning& tuning, const std::string& id, const L
     for (Parameter parameter :
          {COMPLEX_EQUALIZER_TUNING_LEFT, COMPLEX_EQUALIZER_TUNING_RIGHT,
           COMPLEX_EQUALIZER_TUNING_LEFT_SURROUND, COMPLEX_EQUALIZER_TUNING_RIGHT_SURROUND}) {
-        std::vector<double> positions(valuesOf(tuning, parameter).size());
-        for (size_t i = 0; i < positions.size(); ++i) {
-            positions[i] = static_cast<double>(i);
-        }
-        if (!positions.empty()) {
-            chart.series.push_back(series(report, tuning, parameter,
-                                          xmlNameOf(parameter).substr(prefix.size()), positions));
+        const DrawnList values(contents, trace, tuning, parameter);
+        if (!values.empty()) {
+            chart.series.push_back(
+                positionSeries(xmlNameOf(parameter).substr(prefix.size()), values));
         }
     }
     return chart.series.empty() ? "" : drawLineChart(chart);
 }
 
-std::string virtualBassChart(Tuning& tuning, const std::string& id, const LoadReport& report) {
+bool isSent(const LoadTrace& trace, const ParameterValues& entity, Parameter parameter) {
+    const TracedValues* traced = trace.valuesOf(&entity, parameter);
+    return traced != nullptr && traced->fate == Fate::SENT;
+}
+
+std::string virtualBassChart(Tuning& tuning, const std::string& id, const LoadTrace& trace) {
     std::vector<FrequencyRange> ranges;
     for (const auto& [element, columns] : kTuningAttributeElements) {
         std::vector<double> ends;
         bool sent = true;
         for (const auto& [column, parameter] : columns) {
-            const std::vector<double> values = valuesOf(tuning, parameter);
-            ends.insert(ends.end(), values.begin(), values.end());
-            sent = sent && report.isSent(&tuning, parameter);
+            const auto found = tuning.values.find(parameter);
+            if (found != tuning.values.end()) {
+                ends.insert(ends.end(), found->second.begin(), found->second.end());
+            }
+            sent = sent && isSent(trace, tuning, parameter);
         }
         if (ends.size() == 2) {
             ranges.push_back(
@@ -299,20 +384,18 @@ std::string virtualBassChart(Tuning& tuning, const std::string& id, const LoadRe
     std::string html =
         ranges.empty() ? "" : drawRangeChart(id + "-virtual-bass", "virtual bass ranges", ranges);
     for (const auto& [element, parameter] : kTuningAttributeListElements) {
-        const std::vector<double> values = valuesOf(tuning, parameter);
-        if (!values.empty()) {
-            std::vector<int32_t> whole(values.begin(), values.end());
+        const auto found = tuning.values.find(parameter);
+        if (found != tuning.values.end() && !found->second.empty()) {
             html += "<p>" +
-                    escapedHtml(std::string(element) + ": " + valuesText(whole) +
-                                (report.isSent(&tuning, parameter) ? "" : " (never sent)")) +
+                    escapedHtml(std::string(element) + ": " + valuesText(found->second) +
+                                (isSent(trace, tuning, parameter) ? "" : " (never sent)")) +
                     "</p>\n";
         }
     }
     return html;
 }
 
-std::string tuningSections(DeviceData& model, const FileContents& contents,
-                           const LoadReport& report) {
+std::string tuningSections(DeviceData& model, const FileContents& contents, const LoadTrace& trace) {
     std::vector<Tuning*> tunings(model.getTunings().begin(), model.getTunings().end());
     std::sort(tunings.begin(), tunings.end(),
               [](Tuning* a, Tuning* b) { return a->getName() < b->getName(); });
@@ -330,9 +413,9 @@ std::string tuningSections(DeviceData& model, const FileContents& contents,
             html += "<p>Sent with the general array for " +
                     escapedHtml(serves.empty() ? "no endpoint" : joined(serves)) + ".</p>\n";
         }
-        const std::string charts = bandCharts(*tuning, id, report) +
-                                   complexEqualizerChart(*tuning, id, report) +
-                                   virtualBassChart(*tuning, id, report);
+        const std::string charts = bandCharts(*tuning, id, contents, trace) +
+                                   complexEqualizerChart(*tuning, id, contents, trace) +
+                                   virtualBassChart(*tuning, id, trace);
         html += charts.empty() ? "<p>No bands or lists.</p>\n" : charts;
         html += "</section>\n";
     }
@@ -340,18 +423,18 @@ std::string tuningSections(DeviceData& model, const FileContents& contents,
 }
 
 // The words each stored array uses against the room the store gave it.
-std::string roomSection(const FileContents& contents, const LoadReport& report) {
+std::string roomSection(const FileContents& contents, const LoadTrace& trace) {
     std::vector<RoomBar> bars;
     for (const NamedArray& array : contents.arrays) {
         const ArrayRecord* record = nullptr;
         std::string link;
         if (array.kind == ArrayKind::TUNING) {
-            auto found = report.tuningRecords().find(array.name);
-            record = found == report.tuningRecords().end() ? nullptr : &found->second;
+            auto found = trace.tuningRecords().find(array.name);
+            record = found == trace.tuningRecords().end() ? nullptr : &found->second;
             link = tuningAnchor(array.name);
         } else {
-            auto found = report.profileRecords().find(array.header);
-            record = found == report.profileRecords().end() ? nullptr : &found->second;
+            auto found = trace.profileRecords().find(array.header);
+            record = found == trace.profileRecords().end() ? nullptr : &found->second;
             link = array.kind == ArrayKind::PROFILE ? profileAnchor(array.header) : "";
         }
         if (record != nullptr) {
@@ -377,11 +460,12 @@ std::string reportPage(LoadedFile& file) {
     if (model == nullptr) {
         return html + findingsSection(file, nullptr) + "</body>\n</html>\n";
     }
-    const SectionLines sections(file.report, *model);
+    const LoadTrace& trace = file.report.trace();
+    const SectionLines sections(trace, *model);
     const FileContents contents = describe(file);
-    html += findingsSection(file, &sections) + presetsSections(*model, file.report) +
+    html += findingsSection(file, &sections) + presetsSections(*model, contents, trace) +
             profilesSection(contents) + endpointsSection(contents) +
-            tuningSections(*model, contents, file.report) + roomSection(contents, file.report);
+            tuningSections(*model, contents, trace) + roomSection(contents, trace);
     return html + "</body>\n</html>\n";
 }
 

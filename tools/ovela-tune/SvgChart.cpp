@@ -200,7 +200,17 @@ std::string drawLineChart(const LineChart& chart) {
     }
     svg += line(kPlotLeft, kPlotBottom, kPlotRight, kPlotBottom, "axis");
     svg += line(kPlotLeft, kPlotTop, kPlotLeft, kPlotBottom, "axis");
-    for (size_t i = 0; i < chart.series.size(); ++i) {
+    // What the effect never receives goes underneath: a series that it does
+    // receive stays in sight where the two lie on one another.
+    std::vector<size_t> order;
+    for (bool sent : {false, true}) {
+        for (size_t i = 0; i < chart.series.size(); ++i) {
+            if (chart.series[i].sent == sent) {
+                order.push_back(i);
+            }
+        }
+    }
+    for (size_t i : order) {
         const ChartSeries& series = chart.series[i];
         std::string points;
         std::string dots;
