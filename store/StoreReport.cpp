@@ -102,6 +102,9 @@ void StoreReport::reportParts(ArrayBuilder& builder, std::initializer_list<PartO
     }
     size_t first = 0;
     for (const PartOf& part : parts) {
+        if (part.count == 0) {
+            continue;
+        }
         // The store's own values in a row make one part.
         if (part.parameter == EntryPart::kStore && !entry->parts.empty() &&
             entry->parts.back().parameter == EntryPart::kStore) {
@@ -110,9 +113,15 @@ void StoreReport::reportParts(ArrayBuilder& builder, std::initializer_list<PartO
             continue;
         }
         std::vector<Source> sources;
-        if (part.parameter != EntryPart::kStore) {
-            sources = part.entity != nullptr ? sourcesOf(part.entity, part.parameter)
-                                             : mMatrixSources[part.parameter];
+        if (part.parameter != EntryPart::kStore && part.entity != nullptr) {
+            sources = sourcesOf(part.entity, part.parameter);
+        } else if (part.parameter != EntryPart::kStore) {
+            // The speaker's matrix: what every tuning that gave it gave.
+            for (const void* tuning : mMatrixTunings[part.parameter]) {
+                const std::vector<Source> given = sourcesOf(tuning, part.parameter);
+                sources.insert(sources.end(), given.begin(), given.end());
+                consulted(tuning, part.parameter);
+            }
         }
         entry->parts.push_back({part.parameter, first, part.count, std::move(sources)});
         first += part.count;
@@ -128,13 +137,9 @@ void StoreReport::consulted(const void* entity, Parameter parameter) {
 }
 
 void StoreReport::speakerMatrix(const void* tuning, Parameter matrix) {
-    if (mReport == nullptr) {
-        return;
+    if (mReport != nullptr) {
+        mMatrixTunings[matrix].push_back(tuning);
     }
-    consulted(tuning, matrix);
-    const std::vector<Source> sources = sourcesOf(tuning, matrix);
-    std::vector<Source>& all = mMatrixSources[matrix];
-    all.insert(all.end(), sources.begin(), sources.end());
 }
 
 Place StoreReport::compositeFault(const void* entity, std::initializer_list<ListOf> lists,
@@ -341,7 +346,7 @@ void StoreReport::defaultTuning(const void* tuning, const std::vector<Endpoint>&
     mReport->add(Rule::DEFAULT_TUNING, at,
                  {{"endpoints", listOf(names)},
                   {"consequence",
-                   "profiles use them and no tuning is named after them: its "
+                   "profiles use them and no tuning is named after them, so its "
                    "entries go into the general array once for each"}});
 }
 

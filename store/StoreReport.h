@@ -63,10 +63,11 @@ class StoreReport {
     // The store read `parameter` of `entity` for an entry it builds itself.
     void consulted(const void* entity, Parameter parameter);
     // The speaker's mix matrix `matrix` takes the values of `tuning`'s, after
-    // those of earlier speaker tunings; an output mode entry sends them all.
+    // those of earlier speaker tunings; an output mode entry that carries the
+    // matrix sends them all.
     void speakerMatrix(const void* tuning, Parameter matrix);
     // The output mode entries took the speaker's mix matrices.
-    void speakerMatricesSent() { mMatrixSources.clear(); }
+    void speakerMatricesSent() { mMatrixTunings.clear(); }
     // A composite entry `code` of `entity` is made of `lists`; `sent` tells
     // whether it went into the array (it does not when their lengths differ).
     void composite(const void* entity, KyrParameterId code, std::initializer_list<ListOf> lists,
@@ -121,8 +122,8 @@ class StoreReport {
     std::set<const void*> mDropped;
     // Values that the store read for entries of its own.
     std::set<std::pair<const void*, Parameter>> mConsulted;
-    // Where the values of the speaker's mix matrices came from, by matrix.
-    std::map<Parameter, std::vector<Source>> mMatrixSources;
+    // The tunings that gave the speaker's mix matrices, by matrix.
+    std::map<Parameter, std::vector<const void*>> mMatrixTunings;
 };
 
 }  // namespace ovela

@@ -36,7 +36,7 @@ for tuning in TUNINGS:
         name: BANDS for name in ["left", "right", "left-surround", "right-surround"]}
     EXPECTED[f"tuning-{tuning}-virtual-bass"] = {"virtual-bass-mix-freqs": 1,
                                                  "virtual-bass-src-freqs": 1}
-SAMPLE_FINDINGS = 26
+SAMPLE_FINDINGS = 27
 
 
 class Page(HTMLParser):

@@ -28,12 +28,14 @@ TEST(OvelaTuneDiffTest, SaysWhatTheEffectReceivesDifferently) {
         {"value=\"7\"", "value=\"6\"",
          "profile 2 / headphone / volume-leveler-amount (qvla): 7 -> 6\n"},
         {"1,2,3,4", "1,2,-3,4", "tuning speaker / bass-mbdrc-tuning (bmdt)[2]: 3 -> -3\n"},
-        {"1,2,3,4", "1,2,3", "tuning speaker / bass-mbdrc-tuning (bmdt): 4 values -> 3 values\n"},
+        {"1,2,3,4", "1,2,3",
+         "tuning speaker / bass-mbdrc-tuning (bmdt)[3]: 4 -> (missing)\n"
+         "tuning speaker / bass-mbdrc-tuning (bmdt): 4 values -> 3 values\n"},
         {"<ieq-amount value=\"10\"/>", "<ieq-amount value=\"10\"/><ieq-enable value=\"0\"/>",
          "profile 2 / all / ieq-enable (ieon): added 0\n"},
         {"<ieq-amount value=\"10\"/>", "", "profile 2 / all / ieq-amount (iea): removed 10\n"},
         {"preset=\"ieq_warm\"", "preset=\"ieq_off\"", "profile 2 / IEQ preset: warm -> off\n"},
-        {"target=\"5\"", "target=\"6\"", "general / all / iebs[2]: 5 -> 6\n"},
+        {"target=\"5\"", "target=\"6\"", "general / all / iebs: band 1 (100 Hz): target 5 -> 6\n"},
         // Headphone gets a tuning of its own: the default tuning no longer
         // serves it from the general array.
         {"name=\"speaker\"", "name=\"headphone\"",
@@ -65,6 +67,42 @@ TEST(OvelaTuneDiffTest, SaysWhatTheEffectReceivesDifferently) {
         nlohmann::json::parse(R"json({"array": "profile 2", "device": "headphone", "code": "qvla",
                   "what": "volume-leveler-amount (qvla)", "change": "changed", "before": "7",
                   "after": "6", "text": "profile 2 / headphone / volume-leveler-amount (qvla): 7 -> 6"})json"));
+}
+
+// Entries pair by where they came from, and lists differ band by band, by
+// frequency: a band taken out is one band missing, not every band after it
+// moved; of the two entries of one element, only the one changed.
+TEST(OvelaTuneDiffTest, PairsEntriesByOriginAndListsBandByBand) {
+    const std::string sample = fileText(sampleFile());
+    const struct {
+        const char* from;
+        const char* to;
+        const char* differences;
+    } kEdits[] = {
+        {"<regulator-stress-amount data=\"96,96,80,80\"/>",
+         "<regulator-stress-amount data=\"96,96,80,70\"/>",
+         "tuning speaker / regulator-stress-amount (arsa)[3]: 80 -> 70\n"
+         "tuning speaker / regulator-stress-amount (arsa, entry 2)[3]: 80 -> 70\n"},
+        {"                <band frequency=\"1098\" threshold_low=\"-244\" threshold_high=\"-122\" "
+         "isolated_band=\"false\"/>\n",
+         "",
+         "tuning speaker / arbs: band 8 (1098 Hz): threshold_low -244 -> (missing)\n"
+         "tuning speaker / arbs: band 8 (1098 Hz): threshold_high -122 -> (missing)\n"
+         "tuning speaker / arbs: band 8 (1098 Hz): isolated_band 0 -> (missing)\n"
+         "tuning speaker / arbs: 81 values -> 77 values\n"},
+        {"frequency=\"1098\" target=\"94\"", "frequency=\"1098\" target=\"95\"",
+         "general / all / iebs [IEQ preset detailed]: band 8 (1098 Hz): target 94 -> 95\n"},
+    };
+    for (const auto& edit : kEdits) {
+        SCOPED_TRACE(edit.to);
+        TempFile after(editedOnce(sample, edit.from, edit.to));
+        ToolRun run = runOvelaTune({"diff", sampleFile(), after.path()});
+        EXPECT_EQ(run.out, edit.differences);
+    }
+    TempFile after(editedOnce(sample, kEdits[1].from, kEdits[1].to));
+    ToolRun stat = runOvelaTune({"diff", "--stat", sampleFile(), after.path()});
+    EXPECT_EQ(stat.exitCode, kExitFindings);
+    EXPECT_EQ(stat.out, "tuning speaker: 1 changed (3 values), 0 added, 0 removed\n");
 }
 
 // The sample's top-level sections in the opposite order.

@@ -1,7 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <sstream>
+#include <string>
+#include <vector>
+
 #include "TempFile.h"
 #include "ToolRun.h"
+#include "TuningFileCorpus.h"
 
 namespace ovela::tune {
 namespace {
@@ -50,6 +55,68 @@ TEST(OvelaTuneReportTest, FindingsLeadToTheirSections) {
         << failed.out;
     EXPECT_EQ(failed.out.find("<svg"), std::string::npos);
     EXPECT_EQ(failed.out.find("<table"), std::string::npos);
+}
+
+// The values of the series `name` in a page, as "x,y" pairs, and whether the
+// effect receives them; the first series of that name in the page.
+struct DrawnSeries {
+    std::vector<std::string> points;
+    std::string sent;
+    size_t at;
+};
+
+DrawnSeries drawnSeries(const std::string& html, const std::string& name) {
+    const size_t at = html.find("<g data-series=\"" + name + "\"");
+    if (at == std::string::npos) {
+        return {{}, "", at};
+    }
+    auto attribute = [&](const std::string& which) {
+        const size_t start = html.find(which + "=\"", at) + which.size() + 2;
+        return html.substr(start, html.find('"', start) - start);
+    };
+    std::vector<std::string> points;
+    std::istringstream values(attribute("data-values"));
+    for (std::string point; values >> point;) {
+        points.push_back(point);
+    }
+    return {points, attribute("data-sent"), at};
+}
+
+// A list that the effect does not receive is drawn dashed, from the rows that
+// give both of its values: a band without a target moves no other band. What
+// the effect never receives lies under what it does.
+TEST(OvelaTuneReportTest, DrawsWhatTheArraysCarryRowByRow) {
+    const std::string sample = fileText(testing::sampleFile());
+    TempFile file(testing::editedOnce(sample, "<band_ieq frequency=\"1098\" target=\"94\"/>",
+                                      "<band_ieq frequency=\"1098\"/>"));
+    ToolRun run = runOvelaTune({"report", file.path()});
+    ASSERT_EQ(run.exitCode, kExitOk) << run.err;
+
+    // The file's own rows of the detailed preset, but the one without a target.
+    const size_t start = sample.find("id=\"ieq_detailed\"");
+    const size_t end = sample.find("</preset>", start);
+    std::vector<std::string> rows;
+    auto valueAfter = [&](const std::string& name, size_t from) {
+        const size_t at = sample.find(name + "=\"", from) + name.size() + 2;
+        return sample.substr(at, sample.find('"', at) - at);
+    };
+    for (size_t at = sample.find("<band_ieq", start); at < end;
+         at = sample.find("<band_ieq", at + 1)) {
+        const std::string frequency = valueAfter("frequency", at);
+        if (frequency != "1098") {
+            rows.push_back(frequency + "," + valueAfter("target", at));
+        }
+    }
+    const DrawnSeries detailed = drawnSeries(run.out, "detailed");
+    EXPECT_EQ(detailed.sent, "false");
+    EXPECT_EQ(detailed.points, rows);
+    EXPECT_EQ(drawnSeries(run.out, "warm").sent, "true");
+
+    const DrawnSeries sent = drawnSeries(run.out, "gain_left");
+    const DrawnSeries neverSent = drawnSeries(run.out, "gain_left_surround");
+    EXPECT_EQ(sent.sent, "true");
+    EXPECT_EQ(neverSent.sent, "false");
+    EXPECT_LT(neverSent.at, sent.at);
 }
 
 }  // namespace

@@ -27,6 +27,12 @@ void printJson(const std::string& before, const std::string& after,
         if (difference.index) {
             item["index"] = *difference.index;
         }
+        if (!difference.band.empty()) {
+            item["band"] = difference.band;
+        }
+        if (!difference.name.empty()) {
+            item["name"] = difference.name;
+        }
         document["differences"].push_back(item);
     }
     out << document.dump(2) << "\n";
@@ -56,6 +62,10 @@ int runDiff(const CommandLine& line, std::ostream& out, std::ostream& err) {
         compareFiles(describe(*files[0]), describe(*files[1]));
     if (line.has("json")) {
         printJson(files[0]->path, files[1]->path, differences, out);
+    } else if (line.has("stat")) {
+        for (const std::string& stat : differenceStats(differences)) {
+            out << stat << "\n";
+        }
     } else {
         for (const Difference& difference : differences) {
             out << difference.text() << "\n";

@@ -26,6 +26,13 @@ std::string number(double value) {
     return text;
 }
 
+// A value as the file wrote it: "1098", "-4".
+std::string exact(double value) {
+    char text[32];
+    std::snprintf(text, sizeof(text), "%.10g", value);
+    return text;
+}
+
 // A tick's or a count's label: "20", "0.5", "1200".
 std::string label(double value) {
     char text[32];
@@ -214,14 +221,18 @@ std::string drawLineChart(const LineChart& chart) {
         const ChartSeries& series = chart.series[i];
         std::string points;
         std::string dots;
+        // The values as the file gives them, for whoever reads the page's source.
+        std::string data;
         for (size_t p = 0; p < series.x.size() && p < series.y.size(); ++p) {
             const std::string x = number(xOf(series.x[p]));
             const std::string y = number(values.y(series.y[p]));
             points += (points.empty() ? "" : " ") + x + "," + y;
             dots += "<circle cx=\"" + x + "\" cy=\"" + y + "\" r=\"2.5\"/>";
+            data += (data.empty() ? "" : " ") + exact(series.x[p]) + "," + exact(series.y[p]);
         }
-        svg += "<g data-series=\"" + escapedHtml(series.name) + "\" fill=\"" + colorOf(i) +
-               "\" stroke=\"" + colorOf(i) + "\">\n<polyline fill=\"none\"" +
+        svg += "<g data-series=\"" + escapedHtml(series.name) + "\" data-sent=\"" +
+               (series.sent ? "true" : "false") + "\" data-values=\"" + data + "\" fill=\"" +
+               colorOf(i) + "\" stroke=\"" + colorOf(i) + "\">\n<polyline fill=\"none\"" +
                (series.sent ? "" : " stroke-dasharray=\"5,3\"") + " points=\"" + points + "\"/>\n" +
                dots + "\n</g>\n";
         svg += legendEntry(i, shownName(series.name, series.sent));
