@@ -7,7 +7,7 @@
 #include <set>
 #include <string>
 
-#include "TuningFileVocabulary.h"
+#include "TuningFileShape.h"
 
 namespace {
 

@@ -12,7 +12,8 @@
 #include "PresetType.h"
 
 // The element and attribute names of the tuning file, each written once. The
-// reader, the `check` command and the fuzz dictionary all read these tables.
+// reader reads with these tables, and the description of the file's shape
+// (TuningFileShape.h), which the tools read, is built from them.
 //
 // Where a table's comment names its place it uses element paths from the
 // root, "*" standing for the root, whose name the reader does not check.
@@ -469,29 +470,6 @@ inline constexpr NameEntry<Parameter> kOutputModeMatrices[] = {
     {"advanced_mix_matrix", ADVANCED_OUTPUT_MIX_MATRIX},
 };
 
-// ---- The whole vocabulary as one list ----
-
-enum class NameRole {
-    ELEMENT,    // a child element of `where`
-    ATTRIBUTE,  // an attribute of `where`
-    WORD,       // a value that the reader recognizes; `where` is "<element path>@<attribute>"
-};
-
-struct VocabularyName {
-    std::string where;
-    NameRole role;
-    std::string name;
-};
-
-// Every name above with its place in the file, parents before their children,
-// for tools that check tuning files or make inputs for the reader.
-std::vector<VocabularyName> tuningFileVocabulary();
-
-// What a tuning file calls the parameter, as a person finds it in the file:
-// the element that holds it ("volume-leveler-amount"), or the element and the
-// attribute ("virtual-bass-mix-freqs frequency_high", "band_ieq target"); the
-// print name for a parameter that no file gives (ieq_id).
-std::string xmlNameOf(Parameter parameter);
 
 }  // namespace ovela
 

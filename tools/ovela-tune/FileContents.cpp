@@ -10,6 +10,7 @@
 #include "DeviceData.h"
 #include "RecordedTuning.h"
 #include "StoreArrays.h"
+#include "TuningFileShape.h"
 #include "TuningFileVocabulary.h"
 
 namespace ovela::tune {

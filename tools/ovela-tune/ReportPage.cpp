@@ -10,6 +10,7 @@
 #include "FileContents.h"
 #include "StoreArrays.h"
 #include "SvgChart.h"
+#include "TuningFileShape.h"
 #include "TuningFileVocabulary.h"
 
 namespace ovela::tune {

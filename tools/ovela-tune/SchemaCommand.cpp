@@ -1,23 +1,22 @@
 #include <ovela/Endpoint.h>
 #include <ovela/OvlProfileId.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "Commands.h"
 #include "EntryNames.h"
 #include "FileContents.h"
 #include "SvgChart.h"
+#include "TuningFileShape.h"
 #include "TuningFileVocabulary.h"
 
-// Writes the XML schema of the tuning file from the tables that the reader
-// reads it with, so that an editor and xmllint know the same names as the
-// library.
+// Writes the XML schema of the tuning file from the description of its shape,
+// which is built from the tables that the reader reads it with, so that an
+// editor and xmllint know the same names as the library.
 namespace ovela::tune {
 
 namespace {
-
-// The root's name in the files we know; the reader takes any.
-constexpr char kRootElement[] = "ovela_tuning";
 
 // What the schema cannot say, or says more strictly than the reader reads.
 constexpr char kDifferences[] =
@@ -137,29 +136,44 @@ std::string sentAs(Parameter parameter) {
     return codes.empty() ? "read, but not sent to the effect" : "sent in " + joined(codes);
 }
 
-template <typename Table>
-std::vector<std::string> namesOf(const Table& table) {
-    std::vector<std::string> names;
-    for (const auto& entry : table) {
-        names.push_back(entry.first);
+const char* typeOf(ValueKind kind) {
+    switch (kind) {
+        case ValueKind::NUMBER:
+            return "xs:int";
+        case ValueKind::SETTING:
+            return "setting";
+        case ValueKind::ROW:
+            return "row";
+        case ValueKind::TRUE_WORD:
+            return "truthWord";
+        case ValueKind::ENDPOINT_NAME:
+            return "endpointName";
+        case ValueKind::PRESET_TYPE:
+            return "presetType";
+        case ValueKind::PRESET_NAME:
+            return "includedPreset";
+        case ValueKind::PROFILE_ID:
+            return "profileId";
+        case ValueKind::PRESET_ID:
+        case ValueKind::TEXT:
+            break;
     }
-    return names;
+    return "xs:string";
 }
 
 void writeSimpleTypes(SchemaWriter& xsd) {
-    xsd.enumeration("truthWord", namesOf(kTruthWords));
+    xsd.enumeration("truthWord", wordsOf(ValueKind::TRUE_WORD));
     xsd.open("simpleType", attribute("name", "setting"));
     xsd.documentation("a whole number in the 32-bit range, or a truth word");
     xsd.empty("union", attribute("memberTypes", "xs:int truthWord"));
     xsd.close();
     const std::string number = "\\s*[+\\-]?[0-9]+\\s*";
     xsd.pattern("row", number + "(," + number + ")*");
-    xsd.enumeration("endpointName",
-                    std::vector<std::string>(kEndpointNames, kEndpointNames + kNumEndpoints));
-    xsd.enumeration("presetType", namesOf(kPresetTypes));
+    xsd.enumeration("endpointName", wordsOf(ValueKind::ENDPOINT_NAME));
+    xsd.enumeration("presetType", wordsOf(ValueKind::PRESET_TYPE));
     std::string words;
-    for (const auto& word : kIncludePresetWords) {
-        words += (words.empty() ? "" : "|") + std::string(word.first);
+    for (const std::string& word : wordsOf(ValueKind::PRESET_NAME)) {
+        words += (words.empty() ? "" : "|") + word;
     }
     xsd.pattern("includedPreset", ".*(" + words + ").*");
     xsd.open("simpleType", attribute("name", "profileId"));
@@ -170,252 +184,79 @@ void writeSimpleTypes(SchemaWriter& xsd) {
     xsd.close();
 }
 
-// An element holding one value, or one row, in its first attribute.
-void writeValueTypes(SchemaWriter& xsd) {
-    xsd.open("complexType", attribute("name", "settingElement"));
-    xsd.attributeOf(kValueAttribute, "setting", true);
-    xsd.close();
-    xsd.open("complexType", attribute("name", "rowElement"));
-    xsd.attributeOf(kRowAttribute, "row", true);
-    xsd.close();
-}
-
-void writeValueElement(SchemaWriter& xsd, const char* name, const ElementValue& value) {
-    xsd.element(name, value.shape == ValueShape::SINGLE ? "settingElement" : "rowElement",
-                sentAs(value.parameter));
-}
-
-// An endpoint_type element of a settings element, holding `elements`.
-template <typename Table, typename WriteOne>
-void writeEndpointType(SchemaWriter& xsd, const Table& elements, WriteOne writeOne) {
-    xsd.open("element", attribute("name", kEndpointTypeElement) + kAnyNumber);
-    xsd.open("complexType");
-    xsd.open("choice", kAnyNumber);
-    for (const auto& entry : elements) {
-        writeOne(entry);
-    }
-    xsd.close();
-    xsd.attributeOf(kEndpointIdAttribute, "endpointName", true);
-    xsd.close();
-    xsd.close();
-}
-
-void uniqueEndpoints(SchemaWriter& xsd, const std::string& name) {
-    xsd.unique(name, kEndpointTypeElement, std::string("@") + kEndpointIdAttribute);
-}
-
-void writeVersion(SchemaWriter& xsd) {
-    xsd.open("complexType", attribute("name", "version"));
-    for (const auto& part : kVersionAttributes) {
-        xsd.attributeOf(part.first, "xs:int", false);
-    }
-    xsd.close();
-}
-
-void writeGeneral(SchemaWriter& xsd) {
-    xsd.open("complexType", attribute("name", "general"));
-    xsd.open("sequence");
-    xsd.open("element", attribute("name", kGeneralSettingsElement));
-    xsd.open("complexType");
-    xsd.open("choice", kAnyNumber);
-    for (const auto& [name, parameter] : kGeneralElements) {
-        xsd.element(name, "settingElement", sentAs(parameter));
-    }
-    writeEndpointType(xsd, kGeneralEndpointElements, [&](const NameEntry<Parameter>& entry) {
-        xsd.element(entry.first, "settingElement", sentAs(entry.second));
-    });
-    xsd.close();
-    xsd.close();
-    uniqueEndpoints(xsd, "generalEndpoint");
-    xsd.close();
-    xsd.close();
-    xsd.close();
-}
-
-// A list of rows whose attributes are the columns `columns`.
-template <typename Columns, typename TypeOf>
-void writeBandList(SchemaWriter& xsd, const std::string& name, const char* rowName,
-                   const std::string& occurs, const Columns& columns, TypeOf typeOf) {
-    xsd.open("element", attribute("name", name) + occurs);
-    xsd.open("complexType");
-    xsd.open("sequence");
-    xsd.open("element", attribute("name", rowName) + attribute("maxOccurs", "unbounded"));
-    xsd.open("complexType");
-    for (const auto& column : columns) {
-        xsd.attributeOf(column.first, typeOf(column.second), true);
-    }
-    xsd.close();
-    xsd.close();
-    xsd.close();
-    xsd.close();
-    xsd.unique(name + "-" + rowName, rowName, std::string("@") + kBandFrequencyAttribute);
-    xsd.close();
-}
-
-void writePreset(SchemaWriter& xsd) {
-    xsd.open("complexType", attribute("name", "preset"));
-    xsd.open("choice");
-    for (const auto& type : kPresetTypes) {
-        const PresetLayout& layout = type.second;
-        xsd.open("element", attribute("name", layout.wrapperElement));
-        xsd.open("complexType");
-        xsd.open("sequence");
-        writeBandList(xsd, kPresetBandsElement, layout.rowElement, "", layout.rowAttributes,
-                      [](Parameter) { return "xs:int"; });
-        xsd.close();
-        xsd.close();
-        xsd.close();
-    }
-    xsd.close();
-    for (const auto& [name, which] : kPresetAttributes) {
-        xsd.attributeOf(name, which == PresetAttribute::TYPE ? "presetType" : "xs:string", true);
-    }
-    xsd.close();
-}
-
-void writeProfile(SchemaWriter& xsd) {
-    xsd.open("complexType", attribute("name", "profile"));
-    xsd.open("sequence");
-    xsd.open("element", attribute("name", kProfileSettingsElement));
-    xsd.open("complexType");
-    xsd.open("choice", kAnyNumber);
-    for (const auto& [name, value] : kProfileElements) {
-        writeValueElement(xsd, name, value);
-    }
-    writeEndpointType(xsd, kProfileEndpointElements, [&](const NameEntry<ElementValue>& entry) {
-        writeValueElement(xsd, entry.first, entry.second);
-    });
-    xsd.close();
-    xsd.close();
-    uniqueEndpoints(xsd, "profileEndpoint");
-    xsd.close();
-    xsd.open("element", attribute("name", kIncludeElement));
-    xsd.open("complexType");
-    xsd.attributeOf(kIncludePresetAttribute, "includedPreset", true);
-    xsd.close();
-    xsd.close();
-    xsd.close();
-    for (const auto& [name, which] : kProfileAttributes) {
-        xsd.attributeOf(name, which == ProfileAttribute::ID ? "profileId" : "xs:string",
-                        which == ProfileAttribute::ID);
-    }
-    xsd.close();
-}
-
-void writeOutputMode(SchemaWriter& xsd) {
-    xsd.open("element", attribute("name", kOutputModeElement) + kAnyNumber);
-    xsd.open("complexType");
-    xsd.open("choice", kAnyNumber);
-    for (const auto& [name, parameter] : kOutputModeMatrices) {
-        xsd.open("element", attribute("name", name));
-        xsd.documentation(sentAs(parameter));
-        xsd.open("complexType");
-        xsd.open("sequence");
-        xsd.open("element",
-                 attribute("name", kMatrixRowElement) + attribute("maxOccurs", "unbounded"));
-        xsd.open("complexType");
-        xsd.attributeOf(kMatrixRowAttribute, "row", true);
-        xsd.close();
-        xsd.close();
-        xsd.close();
-        xsd.close();
-        xsd.close();
-    }
-    xsd.close();
-    xsd.close();
-    xsd.close();
-}
-
-void writeTuningData(SchemaWriter& xsd) {
-    xsd.open("element", attribute("name", kTuningDataElement));
-    xsd.open("complexType");
-    xsd.open("choice", kAnyNumber);
-    for (const auto& [name, parameter] : kTuningValueElements) {
-        xsd.element(name, "settingElement", sentAs(parameter));
-    }
-    for (const auto& [name, row] : kTuningRowElements) {
-        xsd.element(name, "rowElement", sentAs(row.parameter));
-    }
-    for (const auto& [name, columns] : kTuningAttributeElements) {
-        xsd.open("element", attribute("name", name) + kAnyNumber);
-        xsd.open("complexType");
-        for (const auto& [column, parameter] : columns) {
-            xsd.attributeOf(column, "xs:int", true);
-        }
-        xsd.close();
-        xsd.close();
-    }
-    for (const auto& [name, parameter] : kTuningAttributeListElements) {
-        xsd.open("element", attribute("name", name) + kAnyNumber);
-        xsd.documentation(sentAs(parameter) + "; every attribute is one value, in order");
-        xsd.open("complexType");
-        xsd.empty("anyAttribute", attribute("processContents", "skip"));
-        xsd.close();
-        xsd.close();
-    }
-    for (const auto& [name, columns] : kTuningBandElements) {
-        writeBandList(xsd, name, kBandRowElement, kAnyNumber, columns, [](const BandColumn& c) {
-            return c.value == BandValue::TRUE_WORD ? "truthWord" : "xs:int";
-        });
-    }
-    writeOutputMode(xsd);
-    xsd.close();
-    xsd.close();
-    xsd.close();
-}
-
-void writeTuning(SchemaWriter& xsd) {
-    xsd.open("complexType", attribute("name", "tuning"));
-    xsd.open("sequence");
-    xsd.open("element", attribute("name", kDeviceIdElement) + kAnyNumber);
-    xsd.open("complexType");
-    for (const auto& entry : kDeviceIdAttributes) {
-        xsd.attributeOf(entry.first, "xs:string", false);
-    }
-    xsd.close();
-    xsd.close();
-    writeTuningData(xsd);
-    xsd.close();
-    for (const auto& [name, which] : kTuningAttributes) {
-        const char* type = which == TuningAttribute::NAME            ? "xs:string"
-                           : which == TuningAttribute::ENDPOINT_TYPE ? "endpointName"
-                                                                     : "truthWord";
-        xsd.attributeOf(name, type, which != TuningAttribute::MONO_DEVICE);
-    }
-    for (const auto& entry : kTuningListAttributes) {
-        xsd.attributeOf(entry.first, "xs:int", false);
-    }
-    xsd.close();
-}
-
-const char* sectionType(Section section) {
-    switch (section) {
-        case Section::FORMAT_VERSION:
-        case Section::TOOL_VERSION:
-            return "version";
-        case Section::GENERAL:
-            return "general";
-        case Section::PRESET:
-            return "preset";
-        case Section::PROFILE:
-            return "profile";
-        case Section::TUNING:
-            return "tuning";
+std::string occursOf(Occurs occurs) {
+    switch (occurs) {
+        case Occurs::ONE:
+            break;
+        case Occurs::ANY:
+            return kAnyNumber;
+        case Occurs::MANY:
+            return attribute("maxOccurs", "unbounded");
     }
     return "";
 }
 
-void writeRoot(SchemaWriter& xsd) {
-    xsd.open("element", attribute("name", kRootElement));
+// The named type of an element that holds one setting or one row and
+// nothing else; empty for any other.
+std::string valueTypeOf(const ShapeElement& element) {
+    if (!element.children.empty() || element.anyAttributes || element.attributes.size() != 1 ||
+        !element.attributes.front().required) {
+        return "";
+    }
+    const ShapeAttribute& only = element.attributes.front();
+    if (only.kind == ValueKind::SETTING && only.name == kValueAttribute) {
+        return "settingElement";
+    }
+    return only.kind == ValueKind::ROW && only.name == kRowAttribute ? "rowElement" : "";
+}
+
+void writeValueTypes(SchemaWriter& xsd) {
+    xsd.open("complexType", attribute("name", "settingElement"));
+    xsd.attributeOf(kValueAttribute, typeOf(ValueKind::SETTING), true);
+    xsd.close();
+    xsd.open("complexType", attribute("name", "rowElement"));
+    xsd.attributeOf(kRowAttribute, typeOf(ValueKind::ROW), true);
+    xsd.close();
+}
+
+// An element of the shape with everything below it. Inside a choice that
+// repeats, the element's own count is the choice's.
+void writeElement(SchemaWriter& xsd, const ShapeElement& element, bool inRepeatedChoice) {
+    const std::string occurs = inRepeatedChoice ? std::string() : occursOf(element.occurs);
+    const std::string valueType = valueTypeOf(element);
+    if (!valueType.empty()) {
+        xsd.element(element.name, valueType,
+                    element.parameter ? sentAs(*element.parameter) : std::string(), occurs);
+        return;
+    }
+    xsd.open("element", attribute("name", element.name) + occurs);
+    if (element.parameter) {
+        xsd.documentation(sentAs(*element.parameter) +
+                          (element.anyAttributes ? "; every attribute is one value, in order" : ""));
+    }
     xsd.open("complexType");
-    xsd.open("choice", kAnyNumber);
-    for (const auto& [name, section] : kSectionElements) {
-        xsd.element(name, sectionType(section), "");
+    if (!element.children.empty()) {
+        const bool repeated =
+            element.order == ChildOrder::CHOICE &&
+            std::all_of(element.children.begin(), element.children.end(),
+                        [](const ShapeElement& child) { return child.occurs == Occurs::ANY; });
+        xsd.open(element.order == ChildOrder::CHOICE ? "choice" : "sequence",
+                 repeated ? kAnyNumber : "");
+        for (const ShapeElement& child : element.children) {
+            writeElement(xsd, child, repeated);
+        }
+        xsd.close();
+    }
+    for (const ShapeAttribute& shaped : element.attributes) {
+        xsd.attributeOf(shaped.name, typeOf(shaped.kind), shaped.required);
+    }
+    if (element.anyAttributes) {
+        xsd.empty("anyAttribute", attribute("processContents", "skip"));
     }
     xsd.close();
-    xsd.close();
-    xsd.unique("profileId", "profile", "@id");
-    xsd.unique("tuningName", "tuning", "@name");
+    for (const UniqueKey& key : element.unique) {
+        xsd.unique(key.name, key.child, "@" + key.attribute);
+    }
     xsd.close();
 }
 
@@ -430,14 +271,9 @@ int runSchema(const CommandLine& line, std::ostream& out, std::ostream& err) {
     SchemaWriter xsd(out);
     xsd.open("schema", attribute("xmlns:xs", "http://www.w3.org/2001/XMLSchema"));
     xsd.documentation(kDifferences);
-    writeRoot(xsd);
+    writeElement(xsd, tuningFileShape(), false);
     writeSimpleTypes(xsd);
     writeValueTypes(xsd);
-    writeVersion(xsd);
-    writeGeneral(xsd);
-    writePreset(xsd);
-    writeProfile(xsd);
-    writeTuning(xsd);
     xsd.close();
     return kExitOk;
 }
