@@ -40,6 +40,8 @@ class ArrayBuilder {
     // The entries appended from now on come from `entity`, which `label`
     // names, read at `place`.
     void setOrigin(EntrySource source, const void* entity, Place place, std::string label);
+    // The record of the array; null for a load that does not report.
+    ArrayRecord* record() const { return mRecord; }
     // The record of the entry appended last; null when none is recorded.
     EntryOrigin* lastRecorded() {
         return mRecord == nullptr || mRecord->entries.empty() ? nullptr : &mRecord->entries.back();

@@ -358,8 +358,8 @@ class Load {
                 continue;
             }
             mTables.addProfile(builder.getHeader(), array, builder.getSizeInBytes());
-            if (mReport) {
-                mReport.get()->trace().profileRecord(builder.getHeader()).stored = true;
+            if (ArrayRecord* record = builder.record()) {
+                record->stored = true;
             }
             ALOGD("add the profile table: profileId=%d, paramNum=%d, size=%u", builder.getHeader(),
                   builder.getParamCount(), builder.getSizeInBytes());
@@ -368,17 +368,17 @@ class Load {
     }
 
     void reportRoom(const ArrayBuilder& builder) {
-        if (!mReport) {
+        ArrayRecord* record = builder.record();
+        if (record == nullptr) {
             return;
         }
         const OvlProfileId id = builder.getHeader();
-        ArrayRecord& record = mReport.get()->trace().profileRecord(id);
-        record.neededWords = builder.getNeededWords();
+        record->neededWords = builder.getNeededWords();
         const std::string cause =
             mDuplicateProfiles.count(id) != 0
                 ? "profile " + std::to_string(id) + " is defined more than once"
                 : std::string();
-        mReport.arrayRoom(profileLabel(id), record, cause);
+        mReport.arrayRoom(profileLabel(id), *record, cause);
     }
 
     ParamTables& mTables;
