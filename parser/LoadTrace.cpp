@@ -83,12 +83,6 @@ void LoadTrace::gatherValue(const void* entity, Parameter parameter, Source sour
     }
 }
 
-void LoadTrace::restartGathered(const void* entity, Parameter parameter) {
-    if (TracedValues* values = current(entity, parameter)) {
-        values->fate = Fate::REPLACED;
-    }
-}
-
 void LoadTrace::markUsed(const void* entity) {
     auto found = mEntities.find(entity);
     if (found != mEntities.end()) {

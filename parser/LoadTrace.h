@@ -122,9 +122,6 @@ class LoadTrace {
     // Adds one more source to the list of `parameter` that rows give value by
     // value; the first starts the list.
     void gatherValue(const void* entity, Parameter parameter, Source source);
-    // Forget every list of `parameter` that `entity` gathered: the reader
-    // starts it anew.
-    void restartGathered(const void* entity, Parameter parameter);
 
     // ---- The store
     void markUsed(const void* entity);
