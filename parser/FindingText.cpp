@@ -16,6 +16,50 @@ namespace {
 constexpr size_t kLongestSuggestedName = 128;
 constexpr size_t kLongestQuote = 120;
 
+// The code point of one well-formed UTF-8 character.
+uint32_t codePoint(std::string_view character) {
+    const auto byte = static_cast<unsigned char>(character[0]);
+    uint32_t code = character.size() == 1 ? byte : byte & (0x3f >> (character.size() - 1));
+    for (size_t k = 1; k < character.size(); ++k) {
+        code = (code << 6) | (static_cast<unsigned char>(character[k]) & 0x3f);
+    }
+    return code;
+}
+
+// The bytes of the well-formed UTF-8 character that `text` starts with; 0
+// for a byte that starts none, an overlong form or a surrogate.
+size_t utf8Length(std::string_view text) {
+    const auto byte = static_cast<unsigned char>(text[0]);
+    const size_t length = byte >= 0xf8   ? 0
+                          : byte >= 0xf0 ? 4
+                          : byte >= 0xe0 ? 3
+                          : byte >= 0xc2 ? 2
+                                         : 0;
+    if (length == 0 || length > text.size()) {
+        return 0;
+    }
+    for (size_t k = 1; k < length; ++k) {
+        if ((static_cast<unsigned char>(text[k]) & 0xc0) != 0x80) {
+            return 0;
+        }
+    }
+    const uint32_t code = codePoint(text.substr(0, length));
+    const uint32_t least = length == 4 ? 0x10000 : length == 3 ? 0x800 : 0x80;
+    const bool surrogate = code >= 0xd800 && code <= 0xdfff;
+    return code < least || surrogate || code > 0x10ffff ? 0 : length;
+}
+
+// Whether a code point shows as itself where a finding prints: not a control
+// character, and nothing that is invisible or turns the text around it
+// (zero-width characters, line and paragraph separators, direction marks).
+bool showsAsItself(uint32_t code) {
+    const bool control = code < 0x20 || (code >= 0x7f && code < 0xa0);
+    const bool invisible = (code >= 0x200b && code <= 0x200f) ||
+                           (code >= 0x2028 && code <= 0x202e) ||
+                           (code >= 0x2060 && code <= 0x2069) || code == 0xfeff || code == 0xad;
+    return !control && !invisible;
+}
+
 // Names compare as a person reads them: letter case and '-' against '_'
 // make no difference.
 std::string folded(std::string_view name) {
@@ -74,13 +118,9 @@ std::string didYouMean(std::string_view name, const KnownNames& known) {
 }
 
 std::string quoted(std::string_view text) {
-    if (text.size() > kLongestQuote) {
-        std::string start = quoted(text.substr(0, kLongestQuote));
-        start.insert(start.size() - 1, "...");
-        return start;
-    }
     std::string out = "\"";
-    for (size_t i = 0; i < text.size();) {
+    size_t i = 0;
+    while (i < text.size() && i < kLongestQuote) {
         const auto byte = static_cast<unsigned char>(text[i]);
         if (byte >= 0x20 && byte < 0x7f) {
             if (byte == '"' || byte == '\\') out += '\\';
@@ -88,24 +128,26 @@ std::string quoted(std::string_view text) {
             ++i;
             continue;
         }
-        // A UTF-8 sequence shows as its code point, a stray byte as itself.
-        const size_t length = byte >= 0xf0 ? 4 : byte >= 0xe0 ? 3 : byte >= 0xc0 ? 2 : 1;
-        uint32_t code = length == 1 ? byte : byte & (0x3f >> (length - 1));
-        bool valid = length > 1 && i + length <= text.size();
-        for (size_t k = 1; valid && k < length; ++k) {
-            const auto next = static_cast<unsigned char>(text[i + k]);
-            valid = (next & 0xc0) == 0x80;
-            code = (code << 6) | (next & 0x3f);
-        }
         char escape[16];
-        if (length == 1 || !valid) {
+        const size_t length = utf8Length(text.substr(i));
+        if (length == 0) {
+            // A control character or a byte that starts no character.
             snprintf(escape, sizeof(escape), byte < 0x80 ? "\\u%04x" : "\\x%02x", byte);
+            out += escape;
             ++i;
+            continue;
+        }
+        const uint32_t code = codePoint(text.substr(i, length));
+        if (showsAsItself(code)) {
+            out.append(text.substr(i, length));
         } else {
             snprintf(escape, sizeof(escape), code > 0xffff ? "\\U%08x" : "\\u%04x", code);
-            i += length;
+            out += escape;
         }
-        out += escape;
+        i += length;
+    }
+    if (i < text.size()) {
+        out += "...";
     }
     return out + "\"";
 }

@@ -73,23 +73,122 @@ void LoadReport::discardSince(const Mark& mark) {
     mTrace.clearEntities();
 }
 
-std::vector<LoadFinding> LoadReport::findings() const {
-    std::vector<LoadFinding> all = mFindings;
-    for (const Repeated& repeated : mRepeated) {
-        const Place first =
-            *std::min_element(repeated.places.begin(), repeated.places.end(), isEarlier);
-        if (repeated.places.size() == 1) {
-            all.push_back(findingAt(repeated.rule, first, repeated.one));
-            continue;
+namespace {
+
+// Marks which rules of which suppressions silence something.
+class SuppressionUse {
+  public:
+    explicit SuppressionUse(const std::vector<Suppression>& suppressions)
+        : mSuppressions(suppressions) {
+        for (const Suppression& suppression : suppressions) {
+            mUsed.emplace_back(suppression.rules.size(), false);
         }
-        std::string where =
-            std::to_string(repeated.places.size()) + " times: " + linesText(repeated.places);
-        if (repeated.elements != 0) {
-            where += "; " + std::to_string(repeated.elements) + " elements in all";
-        }
-        all.push_back(findingAt(repeated.rule, first, repeated.many + " (" + where + ")"));
     }
+
+    // Whether a suppression silences a finding of `rule` at `at`. Errors say
+    // why the file does not load, which no comment can accept.
+    bool silences(const std::string& rule, Severity severity, const Place& at) {
+        if (severity == Severity::ERROR) {
+            return false;
+        }
+        bool silenced = false;
+        for (size_t i = 0; i < mSuppressions.size(); ++i) {
+            const std::vector<std::string>& rules = mSuppressions[i].rules;
+            for (size_t j = 0; j < rules.size(); ++j) {
+                if (rules[j] == rule && mSuppressions[i].silences(rule, at)) {
+                    mUsed[i][j] = true;
+                    silenced = true;
+                }
+            }
+        }
+        return silenced;
+    }
+
+    // A note for every rule of a suppression that silenced nothing.
+    void addUnused(std::vector<LoadFinding>& findings) const {
+        for (size_t i = 0; i < mSuppressions.size(); ++i) {
+            const Suppression& suppression = mSuppressions[i];
+            if (suppression.rules.empty()) {
+                findings.push_back(unused(suppression, "", "the comment names no rule"));
+            }
+            for (size_t j = 0; j < suppression.rules.size(); ++j) {
+                if (!mUsed[i][j]) {
+                    findings.push_back(unused(suppression, suppression.rules[j],
+                                              whyUnused(suppression, suppression.rules[j])));
+                }
+            }
+        }
+    }
+
+  private:
+    static LoadFinding unused(const Suppression& suppression, const std::string& rule,
+                              const char* why) {
+        const LoadRule& row = ruleOf(Rule::UNUSED_SUPPRESSION);
+        return findingAt(Rule::UNUSED_SUPPRESSION, suppression.comment,
+                         messageOf(row, {{"rule", rule}, {"why", why}}));
+    }
+
+    static const char* whyUnused(const Suppression& suppression, const std::string& name) {
+        const auto* row = std::find_if(std::begin(kLoadRules), std::end(kLoadRules),
+                                       [&](const LoadRule& rule) { return name == rule.name; });
+        if (row == std::end(kLoadRules)) {
+            return "no rule has this name (ovela-tune check --rules lists them)";
+        }
+        if (row->severity == Severity::ERROR) {
+            return "a finding that stops the load cannot be accepted";
+        }
+        if (row->rule == Rule::UNUSED_SUPPRESSION) {
+            return "only --disable silences it";
+        }
+        if (suppression.wholeFile) {
+            return "the file draws no such finding";
+        }
+        return suppression.scope.line == 0 ? "no element follows the comment"
+                                           : "the element that follows draws no such finding";
+    }
+
+    const std::vector<Suppression>& mSuppressions;
+    std::vector<std::vector<bool>> mUsed;
+};
+
+}  // namespace
+
+std::vector<LoadFinding> LoadReport::findings() const {
+    SuppressionUse use(mSuppressions);
+    std::vector<LoadFinding> all = mFindings;
+    for (LoadFinding& finding : all) {
+        const Place at{finding.line, finding.column, finding.endLine, finding.endColumn};
+        finding.suppressed = use.silences(finding.rule, finding.severity, at);
+    }
+    for (const Repeated& repeated : mRepeated) {
+        // The occurrences that a comment accepts fold apart from the others.
+        const LoadRule& row = ruleOf(repeated.rule);
+        std::vector<Place> places[2];
+        for (const Place& place : repeated.places) {
+            places[use.silences(row.name, row.severity, place)].push_back(place);
+        }
+        for (bool suppressed : {false, true}) {
+            if (!places[suppressed].empty()) {
+                all.push_back(folded(repeated, places[suppressed]));
+                all.back().suppressed = suppressed;
+            }
+        }
+    }
+    use.addUnused(all);
     return all;
+}
+
+LoadFinding LoadReport::folded(const Repeated& repeated, const std::vector<Place>& places) {
+    const Place first = *std::min_element(places.begin(), places.end(), isEarlier);
+    if (places.size() == 1) {
+        return findingAt(repeated.rule, first, repeated.one);
+    }
+    std::string where = std::to_string(places.size()) + " times: " + linesText(places);
+    // The elements are counted for all occurrences together.
+    if (repeated.elements != 0 && places.size() == repeated.places.size()) {
+        where += "; " + std::to_string(repeated.elements) + " elements in all";
+    }
+    return findingAt(repeated.rule, first, repeated.many + " (" + where + ")");
 }
 
 bool LoadReport::hasErrors() const {

@@ -9,6 +9,7 @@
 #include "LoadRules.h"
 #include "LoadTrace.h"
 #include "SourcePositions.h"
+#include "Suppressions.h"
 
 namespace ovela {
 
@@ -25,6 +26,8 @@ struct LoadFinding {
     long endLine;      // where the element or attribute it concerns ends
     long endColumn;
     std::string message;
+    // A suppression comment of the file accepts it.
+    bool suppressed = false;
 };
 
 // "a", "a and b", "a, b and c".
@@ -62,7 +65,16 @@ class LoadReport {
     // Forgets the findings added since `mark`, and the whole trace: a load
     // whose file turns out unreadable says only why.
     void discardSince(const Mark& mark);
-    // Every finding, repeated causes folded, in the order they were found.
+    // The file's suppression comments, which findings() applies.
+    void setSuppressions(std::vector<Suppression> suppressions) {
+        mSuppressions = std::move(suppressions);
+    }
+    const std::vector<Suppression>& suppressions() const { return mSuppressions; }
+
+    // Every finding, repeated causes folded, in the order they were found;
+    // those that a suppression comment accepts are marked, and every rule
+    // that a suppression names and silences nothing gives a note of its own.
+    // A file that does not load says why whatever the comments ask.
     std::vector<LoadFinding> findings() const;
     bool hasErrors() const;
 
@@ -89,8 +101,12 @@ class LoadReport {
         size_t elements;
     };
 
+    // `places`, some or all of those of `repeated`, as one finding.
+    static LoadFinding folded(const Repeated& repeated, const std::vector<Place>& places);
+
     std::vector<LoadFinding> mFindings;
     std::vector<Repeated> mRepeated;
+    std::vector<Suppression> mSuppressions;
     LoadTrace mTrace;
     std::unique_ptr<TuningFileParser> mReader;
 };

@@ -74,6 +74,7 @@ enum class Rule {
     NO_TUNING,
     MONO_SPEAKER,
     ENTITY_DECLARATION,
+    UNUSED_SUPPRESSION,
     COUNT,
 };
 
@@ -269,6 +270,11 @@ inline constexpr LoadRule kLoadRules[] = {
      "the file declares entities, which a tuning file has no use for: the reader expands "
      "their references in attribute values, up to a limit",
      "<!DOCTYPE x [<!ENTITY e \"1\">]>"},
+
+    // ---- About the file's own suppression comments
+    {Rule::UNUSED_SUPPRESSION, "unused-suppression", Severity::NOTE,
+     "the suppression of {rule} silences nothing: {why}",
+     "<!-- ovela-tune disable never-sent --> before an element that draws no such note"},
 };
 // clang-format on
 

@@ -97,6 +97,7 @@ void SectionStream::startElement(void* context, const xmlChar* localName, const 
     }
     if (self->mPositions != nullptr) {
         self->mPositions->recordStartTag(element, parser->input);
+        self->mSuppressions.startTag(element, self->mPositions->of(element));
     }
 }
 
@@ -106,24 +107,40 @@ void SectionStream::endElement(void* context, const xmlChar* localName, const xm
     xmlNode* element = parser->node;
     xmlSAX2EndElementNs(context, localName, prefix, uri);
     auto* self = static_cast<SectionStream*>(parser->_private);
-    if (self != nullptr && parser == self->mParser && element != nullptr &&
-        self->mRoot != nullptr && element->parent == self->mRoot) {
+    if (self == nullptr || parser != self->mParser || element == nullptr) {
+        return;
+    }
+    if (self->mPositions != nullptr) {
+        // The parser stands just past the end tag, or the "/>" of an empty one.
+        self->mSuppressions.endTag(element, parser->input->line, parser->input->col);
+    }
+    if (self->mRoot != nullptr && element->parent == self->mRoot) {
         self->mVisit(self->mContext, element);
     }
 }
 
-void SectionStream::recordLast(void* context, std::string_view opening) {
+const xmlNode* SectionStream::recordLast(void* context, std::string_view opening) {
     auto* parser = static_cast<xmlParserCtxt*>(context);
     auto* self = static_cast<SectionStream*>(parser->_private);
-    if (self != nullptr && parser == self->mParser && parser->node != nullptr &&
-        parser->inSubset == 0) {
-        self->mPositions->recordNode(parser->node->last, parser->input, opening);
+    if (self == nullptr || parser != self->mParser || parser->inSubset != 0) {
+        return nullptr;
     }
+    // Outside the root element, the node went to the document.
+    const xmlNode* parent =
+        parser->node != nullptr ? parser->node : reinterpret_cast<const xmlNode*>(parser->myDoc);
+    if (parent == nullptr || parent->last == nullptr) {
+        return nullptr;
+    }
+    self->mPositions->recordNode(parent->last, parser->input, opening);
+    return parent->last;
 }
 
 void SectionStream::comment(void* context, const xmlChar* value) {
     xmlSAX2Comment(context, value);
-    recordLast(context, "<!--");
+    if (const xmlNode* node = recordLast(context, "<!--")) {
+        auto* self = static_cast<SectionStream*>(static_cast<xmlParserCtxt*>(context)->_private);
+        self->mSuppressions.comment(xml::toString(value), self->mPositions->of(node));
+    }
 }
 
 void SectionStream::reference(void* context, const xmlChar* name) {

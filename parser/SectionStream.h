@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "SourcePositions.h"
+#include "Suppressions.h"
 #include "XmlNodes.h"
 
 // Parsing a tuning file one section at a time; not part of the library's
@@ -34,6 +35,9 @@ class SectionStream {
     // `positions`, which the visit of a section may ask; each section's are
     // forgotten when it is freed.
     void recordPositions(SourcePositions* positions) { mPositions = positions; }
+    // With positions recorded, also collects the suppression comments and
+    // the elements they cover.
+    std::vector<Suppression> takeSuppressions() { return mSuppressions.take(); }
 
     // Parses `bytes` to the end, calling `visit` with `context` for every
     // child element of the root in document order; `url` names the document,
@@ -70,8 +74,8 @@ class SectionStream {
     static void reference(void* context, const xmlChar* name);
     static void processingInstruction(void* context, const xmlChar* target, const xmlChar* data);
     // Takes the place of the node that the parser added last, whose text
-    // starts with `opening`.
-    static void recordLast(void* context, std::string_view opening);
+    // starts with `opening`; returns that node when it did.
+    static const xmlNode* recordLast(void* context, std::string_view opening);
     static xmlEntity* getEntity(void* context, const xmlChar* name);
     // Finds the attributes of `element`, whose start tag the parser has just
     // read, that referred to the undeclared entities met since the last one.
@@ -86,6 +90,7 @@ class SectionStream {
     Visit mVisit = nullptr;
     void* mContext = nullptr;
     SourcePositions* mPositions = nullptr;
+    SuppressionScopes mSuppressions;
     std::set<std::string> mUndeclared;
     std::vector<DroppedReference> mDropped;
 };

@@ -188,6 +188,9 @@ int TuningFileParser::parseSource(const std::string& source, SourcePositions* po
             },
             &visit);
         hasRoot = stream.hasRoot();
+        if (positions != nullptr && wellFormed) {
+            mReport.get()->setSuppressions(stream.takeSuppressions());
+        }
         if (!wellFormed) {
             mReport.discardSince(mark);
         }

@@ -144,10 +144,11 @@ TEST(OvelaTuneDiffTest, EquivalentFilesDumpAlikeAndDoNotDiffer) {
     }
 }
 
-TEST(OvelaTuneDiffTest, TroubleExitsWithTwo) {
+// A file that does not load exits as for every command; bad arguments with 2.
+TEST(OvelaTuneDiffTest, AFileThatDoesNotLoadExitsWithThree) {
     TempFile broken("<tuning_file><profile>");
     ToolRun run = runOvelaTune({"diff", sampleFile(), broken.path()});
-    EXPECT_EQ(run.exitCode, kExitUsage);
+    EXPECT_EQ(run.exitCode, kExitDoesNotLoad);
     EXPECT_EQ(run.out, "");
     EXPECT_NE(run.err.find(broken.path() + ":1: not well-formed XML"), std::string::npos) << run.err;
     EXPECT_EQ(runOvelaTune({"diff", sampleFile()}).exitCode, kExitUsage);

@@ -15,10 +15,11 @@ struct ToolRun {
     std::string err;
 };
 
-// Runs ovela-tune in-process, as main would with these arguments.
-inline ToolRun runOvelaTune(const std::vector<std::string>& arguments) {
+// Runs ovela-tune in-process, as main would with these arguments, its
+// output going to a terminal or not.
+inline ToolRun runOvelaTune(const std::vector<std::string>& arguments, bool toTerminal = false) {
     std::ostringstream out, err;
-    const int exitCode = runTool(arguments, out, err);
+    const int exitCode = runTool(arguments, out, err, toTerminal);
     return {exitCode, out.str(), err.str()};
 }
 

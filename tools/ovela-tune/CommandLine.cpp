@@ -61,14 +61,19 @@ std::optional<CommandLine> CommandLine::parse(const std::vector<std::string>& wo
             *error = "--" + name + " takes no value";
             return std::nullopt;
         }
-        line.mOptions[name] = value;
+        line.mOptions[name].push_back(value);
     }
     return line;
 }
 
 std::string CommandLine::value(const std::string& option) const {
     auto found = mOptions.find(option);
-    return found == mOptions.end() ? "" : found->second;
+    return found == mOptions.end() ? "" : found->second.back();
+}
+
+std::vector<std::string> CommandLine::values(const std::string& option) const {
+    auto found = mOptions.find(option);
+    return found == mOptions.end() ? std::vector<std::string>() : found->second;
 }
 
 bool parseInt(const std::string& text, int* out) {

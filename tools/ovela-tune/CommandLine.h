@@ -10,11 +10,12 @@ namespace ovela::tune {
 
 // Exit codes of every command.
 constexpr int kExitOk = 0;
-// check: a file loads with warnings; diff: the files differ; apply: a call
-// of the cache failed.
+// check: a file draws warnings (more than --max-warnings); diff: the files
+// differ; apply: a call of the cache failed.
 constexpr int kExitFindings = 1;
-// Bad arguments; for diff, any trouble, a file that does not load included.
+// Bad arguments, or an output that cannot be written.
 constexpr int kExitUsage = 2;
+// A file does not load; for check --werror, also a file that draws a warning.
 constexpr int kExitDoesNotLoad = 3;
 
 struct OptionSpec {
@@ -35,11 +36,18 @@ class CommandLine {
 
     const std::vector<std::string>& positional() const { return mPositional; }
     bool has(const std::string& option) const { return mOptions.count(option) != 0; }
+    // The value given last; every value of an option given more than once.
     std::string value(const std::string& option) const;
+    std::vector<std::string> values(const std::string& option) const;
+
+    // Whether the command's output goes to a terminal.
+    bool toTerminal() const { return mToTerminal; }
+    void setToTerminal(bool toTerminal) { mToTerminal = toTerminal; }
 
   private:
     std::vector<std::string> mPositional;
-    std::map<std::string, std::string> mOptions;
+    std::map<std::string, std::vector<std::string>> mOptions;
+    bool mToTerminal = false;
 };
 
 // Reads a whole decimal int; false for anything else.

@@ -11,6 +11,14 @@ namespace ovela::tune {
 namespace {
 
 const OptionSpec kHelp{"help", nullptr, "show this help", 'h'};
+const OptionSpec kSample{"sample", nullptr, "read the sample tuning file shipped with ovela-tune"};
+
+constexpr const char* kExitCodes =
+    "exit codes:\n"
+    "  0  clean: nothing to report (diff: the files receive the same)\n"
+    "  1  warnings, more than --max-warnings (diff: the files differ; apply: a call failed)\n"
+    "  2  bad arguments, or an output that cannot be written\n"
+    "  3  a file does not load (check --werror: or draws a warning)\n";
 
 void printUsage(std::ostream& out) {
     out << "usage: ovela-tune [--verbose] COMMAND [OPTIONS] [--] [FILE...]\n"
@@ -20,8 +28,11 @@ void printUsage(std::ostream& out) {
         out << "  " << command.name << std::string(10 - std::string(command.name).size(), ' ')
             << command.summary << "\n";
     }
-    out << "\nWithout FILE, commands read the sample " << OVELA_SAMPLE_TUNING_FILE
-        << ".\n--verbose shows the library's log lines on standard error.\n";
+    out << "\ncheck, diff and report need their FILEs; --sample names the sample\n"
+        << OVELA_SAMPLE_TUNING_FILE << ", which dump, tunings and apply read without FILE.\n"
+        << "--verbose, before or after COMMAND, shows the library's log lines on standard "
+           "error.\n\n"
+        << kExitCodes;
 }
 
 void printCommandHelp(const Command& command, std::ostream& out) {
@@ -37,6 +48,7 @@ void printCommandHelp(const Command& command, std::ostream& out) {
         out << "  " << left << std::string(left.size() < 24 ? 24 - left.size() : 1, ' ')
             << option.help << "\n";
     }
+    out << "\n" << kExitCodes;
 }
 
 void ignoreXmlMessage(void*, const char*, ...) {}
@@ -65,12 +77,13 @@ class Diagnostics {
 const std::vector<Command>& commands() {
     static const std::vector<Command> kCommands = {
         {"dump",
-         "[FILE] [--json] [--raw] [--profile N] [--tuning NAME]",
-         "print what the effect receives from FILE, by name",
+         "[FILE | --sample] [--json] [--raw] [--profile N] [--tuning NAME]",
+         "print what the effect receives from FILE (the sample without FILE), by name",
          {{"json", nullptr, "print one JSON document"},
           {"raw", nullptr, "keep each array's own order, with the tunings' ordinals"},
           {"profile", "N", "only profile N (0 to 9, -1 for the general array)"},
           {"tuning", "NAME", "only the tuning NAME (default: the default tuning's entries)"},
+          kSample,
           kHelp},
          runDump},
         {"diff",
@@ -78,42 +91,67 @@ const std::vector<Command>& commands() {
          "print what the effect receives differently from FILE_B than from FILE_A",
          {{"json", nullptr, "print one JSON document"},
           {"stat", nullptr, "print one line per array that differs, with counts"},
+          {"sample", nullptr, "compare the sample shipped with ovela-tune, as FILE_A, with FILE"},
           kHelp},
          runDiff},
-        {"tunings", "[FILE]", "list the tunings that each endpoint can select", {kHelp}, runTunings},
+        {"tunings",
+         "[FILE | --sample]",
+         "list the tunings that each endpoint can select (the sample's without FILE)",
+         {kSample, kHelp},
+         runTunings},
         {"apply",
-         "[FILE] --profile N [--endpoint E --tuning NAME]",
+         "[FILE | --sample] --profile N [--endpoint E --tuning NAME]",
          "print the calls that a running effect receives for a profile or a tuning",
          {{"profile", "N", "profile to set (0 to 9, or -1)"},
           {"endpoint", "E", "endpoint whose tuning to select, by name"},
           {"tuning", "NAME", "tuning to select for the endpoint"},
+          kSample,
           kHelp},
          runApply},
         {"check",
-         "[FILE...] [--format=text|json] [--rules]",
+         "FILE... | --sample [--severity=LEVEL] [--format=FORMAT] [--disable=RULE,...]",
          "report what the load of each FILE skips, changes, drops or never sends",
-         {{"format", "text|json", "text lines FILE:LINE:COLUMN: LEVEL: message [rule], or JSON"},
+         {{"severity", "error|warning|note",
+           "show findings of this level and above (default: warning)"},
+          {"format", "text|gcc|json|sarif",
+           "FILE:LINE:COLUMN: LEVEL: message [rule] lines (text adds colour and carets on a "
+           "terminal), JSON or SARIF 2.1.0"},
+          {"disable", "RULE,...", "silence these rules in every file"},
+          {"quiet", nullptr, "print the findings only, without the summary line", 'q'},
+          {"color", "auto|always|never",
+           "colour and source lines (auto: on a terminal, "
+           "unless NO_COLOR is set)"},
+          {"max-warnings", "N", "exit 1 only with more than N warnings shown (default: 0)"},
+          {"werror", nullptr, "warnings count as errors for the exit code (3)"},
           {"rules", nullptr, "list every rule with its level and an example"},
+          kSample,
           kHelp},
          runCheck},
         {"schema", "", "print the XML schema of the tuning file", {kHelp}, runSchema},
         {"report",
-         "[FILE] [-o REPORT.html]",
+         "FILE | --sample [-o REPORT.html]",
          "write one HTML page with the curves and tables of FILE and its findings",
          {{"output", "REPORT.html", "write the page there instead of to standard output", 'o'},
+          kSample,
           kHelp},
          runReport},
     };
     return kCommands;
 }
 
-int runTool(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
-    // Options of the tool itself come before the command.
-    std::vector<std::string> words = arguments;
+int runTool(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err,
+            bool toTerminal) {
+    // --verbose belongs to the tool, wherever it stands before "--".
+    std::vector<std::string> words;
     bool verbose = false;
-    while (!words.empty() && words.front() == "--verbose") {
-        verbose = true;
-        words.erase(words.begin());
+    bool optionsEnded = false;
+    for (const std::string& word : arguments) {
+        optionsEnded = optionsEnded || word == "--";
+        if (!optionsEnded && word == "--verbose") {
+            verbose = true;
+        } else {
+            words.push_back(word);
+        }
     }
     if (words.empty()) {
         printUsage(err);
@@ -143,6 +181,7 @@ int runTool(const std::vector<std::string>& arguments, std::ostream& out, std::o
             printCommandHelp(command, out);
             return kExitOk;
         }
+        line->setToTerminal(toTerminal);
         Diagnostics diagnostics(verbose);
         return command.run(*line, out, err);
     }
@@ -151,21 +190,39 @@ int runTool(const std::vector<std::string>& arguments, std::ostream& out, std::o
     return kExitUsage;
 }
 
-bool tuningFileArgument(const CommandLine& line, std::string* path, std::ostream& err) {
-    if (line.positional().size() > 1) {
-        err << "ovela-tune: one tuning file at most\n";
+std::vector<std::string> namedTuningFiles(const CommandLine& line) {
+    std::vector<std::string> paths;
+    if (line.has("sample")) {
+        paths.push_back(OVELA_SAMPLE_TUNING_FILE);
+    }
+    paths.insert(paths.end(), line.positional().begin(), line.positional().end());
+    return paths;
+}
+
+bool tuningFileArgument(const CommandLine& line, const char* command, bool sampleByDefault,
+                        std::string* path, std::ostream& err) {
+    std::vector<std::string> paths = namedTuningFiles(line);
+    if (paths.empty() && sampleByDefault) {
+        paths.push_back(OVELA_SAMPLE_TUNING_FILE);
+    }
+    if (paths.size() != 1) {
+        err << "ovela-tune " << command << ": give one tuning file, or --sample\n";
         return false;
     }
-    *path = line.positional().empty() ? OVELA_SAMPLE_TUNING_FILE : line.positional()[0];
+    *path = paths[0];
     return true;
 }
 
-std::vector<std::string> tuningFileArguments(const CommandLine& line) {
-    std::vector<std::string> paths = line.positional();
-    if (paths.empty()) {
-        paths.push_back(OVELA_SAMPLE_TUNING_FILE);
+bool tuningFileArguments(const CommandLine& line, const char* command,
+                         std::vector<std::string>* paths, std::ostream& err) {
+    *paths = namedTuningFiles(line);
+    if (paths->empty()) {
+        // An empty list is most often a pattern that matched nothing: saying
+        // nothing would pass it as clean.
+        err << "ovela-tune " << command << ": give the tuning files to read, or --sample\n";
+        return false;
     }
-    return paths;
+    return true;
 }
 
 bool parseProfileOption(const CommandLine& line, const char* command, int* profile,

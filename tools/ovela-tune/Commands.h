@@ -28,14 +28,21 @@ const std::vector<Command>& commands();
 // Runs the tool on its arguments (without the program name), as main does.
 // The library's log lines and libxml2's messages stay out of the output
 // unless --verbose is given; then they go to standard error.
-int runTool(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err);
+// `toTerminal` tells that `out` is a terminal, where check may colour.
+int runTool(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err,
+            bool toTerminal = false);
 
-// The tuning file a command reads: its one positional argument, or the
-// sample shipped with the project. Fails (usage) on more than one.
-bool tuningFileArgument(const CommandLine& line, std::string* path, std::ostream& err);
-// The tuning files of a command that reads several: its positional
-// arguments, or the sample.
-std::vector<std::string> tuningFileArguments(const CommandLine& line);
+// The tuning files that a command names: the shipped sample first where
+// --sample asks for it, then its positional arguments.
+std::vector<std::string> namedTuningFiles(const CommandLine& line);
+// The one tuning file of a command that reads one: the file it names, or,
+// when `sampleByDefault`, the sample when it names none. Complains (usage)
+// otherwise.
+bool tuningFileArgument(const CommandLine& line, const char* command, bool sampleByDefault,
+                        std::string* path, std::ostream& err);
+// The tuning files of a command that reads several: at least one, named.
+bool tuningFileArguments(const CommandLine& line, const char* command,
+                         std::vector<std::string>* paths, std::ostream& err);
 
 // The value of --profile: -1 (the general array) to 9; complains otherwise.
 bool parseProfileOption(const CommandLine& line, const char* command, int* profile,

@@ -3,6 +3,7 @@
 #include "ArrayDiff.h"
 #include "Commands.h"
 #include "FileContents.h"
+#include "JsonOutput.h"
 #include "LoadedFile.h"
 
 namespace ovela::tune {
@@ -35,28 +36,29 @@ void printJson(const std::string& before, const std::string& after,
         }
         document["differences"].push_back(item);
     }
-    out << document.dump(2) << "\n";
+    writeJson(document, out);
 }
 
 }  // namespace
 
-// Exit codes as diff(1)'s: 0 the same, 1 different, 2 trouble.
+// 0 the same, 1 different, as diff(1); 3 when a file does not load, as
+// every command.
 int runDiff(const CommandLine& line, std::ostream& out, std::ostream& err) {
-    if (line.positional().size() != 2) {
-        err << "ovela-tune diff: give two tuning files\n";
+    const std::vector<std::string> paths = namedTuningFiles(line);
+    if (paths.size() != 2) {
+        err << "ovela-tune diff: give two tuning files (--sample counts as the first)\n";
         return kExitUsage;
     }
     std::unique_ptr<LoadedFile> files[2];
-    bool load = true;
+    int status = kExitOk;
     for (int i = 0; i < 2; ++i) {
-        files[i] = loadFile(line.positional()[i]);
+        files[i] = loadFile(paths[i]);
         if (!files[i]->loads()) {
-            doesNotLoad("diff", *files[i], err);
-            load = false;
+            status = doesNotLoad("diff", *files[i], err);
         }
     }
-    if (!load) {
-        return kExitUsage;
+    if (status != kExitOk) {
+        return status;
     }
     const std::vector<Difference> differences =
         compareFiles(describe(*files[0]), describe(*files[1]));

@@ -6,6 +6,7 @@
 
 #include "Commands.h"
 #include "FileContents.h"
+#include "JsonOutput.h"
 #include "LoadedFile.h"
 #include "StoreArrays.h"
 #include "TuningFileVocabulary.h"
@@ -173,7 +174,7 @@ void printJson(const FileContents& contents, const DumpSelection& selection, std
             {"serves", endpointNames(contents.defaultServes)},
             {"entries", entriesToJson(contents.defaultTuning, selection.raw)}};
     }
-    out << document.dump(2) << "\n";
+    writeJson(document, out);
 }
 
 }  // namespace
@@ -189,7 +190,7 @@ void dumpFile(const FileContents& contents, const DumpSelection& selection, std:
 int runDump(const CommandLine& line, std::ostream& out, std::ostream& err) {
     DumpSelection selection;
     std::string path;
-    if (!tuningFileArgument(line, &path, err)) {
+    if (!tuningFileArgument(line, "dump", true, &path, err)) {
         return kExitUsage;
     }
     selection.json = line.has("json");

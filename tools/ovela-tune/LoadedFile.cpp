@@ -29,8 +29,9 @@ std::vector<LoadFinding> LoadedFile::findings() const {
 
 size_t LoadedFile::count(Severity severity) const {
     const std::vector<LoadFinding> all = report.findings();
-    return std::count_if(all.begin(), all.end(),
-                         [&](const LoadFinding& finding) { return finding.severity == severity; });
+    return std::count_if(all.begin(), all.end(), [&](const LoadFinding& finding) {
+        return finding.severity == severity && !finding.suppressed;
+    });
 }
 
 std::string LoadedFile::summary() const {

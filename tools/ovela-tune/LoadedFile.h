@@ -22,10 +22,12 @@ struct LoadedFile {
 
     bool loads() const { return !report.hasErrors(); }
     // The findings of the load as check lists them: what stops the load
-    // first, the rest in the order of the file.
+    // first, the rest in the order of the file; those that the file's
+    // comments accept are among them, marked.
     std::vector<LoadFinding> findings() const;
+    // The findings of `severity` that no comment accepts.
     size_t count(Severity severity) const;
-    // "loads, 0 errors, 1 warning, 0 notes".
+    // "loads, 0 errors, 1 warning, 0 notes", of those no comment accepts.
     std::string summary() const;
 };
 

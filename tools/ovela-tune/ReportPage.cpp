@@ -97,7 +97,11 @@ class SectionLines {
 };
 
 std::string findingsSection(const LoadedFile& file, const SectionLines* sections) {
-    const std::vector<LoadFinding> findings = file.findings();
+    // What the file's comments accept, the page leaves out as check does.
+    std::vector<LoadFinding> findings = file.findings();
+    findings.erase(std::remove_if(findings.begin(), findings.end(),
+                                  [](const LoadFinding& finding) { return finding.suppressed; }),
+                   findings.end());
     std::string html = "<section id=\"findings\">\n" +
                        heading("h2", "Findings (" + std::to_string(findings.size()) + ")");
     if (findings.empty()) {

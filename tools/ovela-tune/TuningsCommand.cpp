@@ -6,7 +6,7 @@ namespace ovela::tune {
 
 int runTunings(const CommandLine& line, std::ostream& out, std::ostream& err) {
     std::string path;
-    if (!tuningFileArgument(line, &path, err)) {
+    if (!tuningFileArgument(line, "tunings", true, &path, err)) {
         return kExitUsage;
     }
     const std::unique_ptr<LoadedFile> file = loadFile(path);
