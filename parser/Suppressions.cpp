@@ -62,9 +62,13 @@ std::optional<Suppression> suppressionIn(std::string_view comment) {
         return std::nullopt;
     }
     // "a,b", "a, b": the list ends at the first word that no comma joins to
-    // it; what follows says why.
+    // it, or at a colon; what follows says why.
     for (std::string_view word = nextWord(text); !word.empty();) {
-        const bool more = word.back() == ',';
+        const bool colon = word.back() == ':';
+        if (colon) {
+            word.remove_suffix(1);
+        }
+        const bool more = !colon && !word.empty() && word.back() == ',';
         size_t at = 0;
         while (at <= word.size()) {
             const size_t comma = std::min(word.size(), word.find(',', at));

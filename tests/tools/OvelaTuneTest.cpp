@@ -145,5 +145,24 @@ TEST(OvelaTuneCheckTest, ReadmeListsEveryRule) {
         << run.out;
 }
 
+// Every XML example of the README loads without a warning, as the README
+// says: an example that a reader copies must not teach a mistake.
+TEST(OvelaTuneCheckTest, ReadmeExamplesLoadWithoutAWarning) {
+    const std::string readme = fileText(std::string(OVELA_SOURCE_DIR) + "/README.md");
+    size_t examples = 0;
+    for (size_t at = readme.find("```xml\n"); at != std::string::npos;
+         at = readme.find("```xml\n", at + 1)) {
+        const size_t start = at + 7;
+        const std::string example = readme.substr(start, readme.find("```", start) - start);
+        SCOPED_TRACE(example);
+        TempFile file(example);
+        const ToolRun run = runOvelaTune({"check", "--severity=warning", "-q", file.path()});
+        EXPECT_EQ(run.exitCode, kExitOk);
+        EXPECT_EQ(run.out, "");
+        ++examples;
+    }
+    EXPECT_GE(examples, 3u);
+}
+
 }  // namespace
 }  // namespace ovela::tune

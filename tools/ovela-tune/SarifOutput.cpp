@@ -57,9 +57,8 @@ size_t indexOfRule(const std::string& name) {
     return 0;
 }
 
-nlohmann::json resultOf(const LoadFinding& finding, const std::string& path, size_t artifact) {
+nlohmann::json resultOf(const LoadFinding& finding, const std::string& path) {
     nlohmann::json location = {{"artifactLocation", artifactLocation(path)}};
-    location["artifactLocation"]["index"] = artifact;
     if (finding.line > 0) {
         nlohmann::json region = {{"startLine", finding.line}};
         if (finding.column > 0) {
@@ -81,18 +80,15 @@ nlohmann::json resultOf(const LoadFinding& finding, const std::string& path, siz
 }  // namespace
 
 void printSarif(const std::vector<CheckedFile>& files, std::ostream& out) {
-    nlohmann::json artifacts = nlohmann::json::array();
     nlohmann::json results = nlohmann::json::array();
-    for (size_t i = 0; i < files.size(); ++i) {
-        const CheckedFile& checked = files[i];
-        artifacts.push_back({{"location", artifactLocation(checked.file->path)}});
+    for (const CheckedFile& checked : files) {
         for (const LoadFinding& finding : checked.findings.shown) {
-            results.push_back(resultOf(finding, checked.file->path, i));
+            results.push_back(resultOf(finding, checked.file->path));
         }
         // Accepted findings stay in the log, marked, as code-scanning
         // services expect: accepted by the file's comment or by --disable.
         for (const LoadFinding& finding : checked.findings.suppressed) {
-            nlohmann::json result = resultOf(finding, checked.file->path, i);
+            nlohmann::json result = resultOf(finding, checked.file->path);
             result["suppressions"] = {{{"kind", finding.suppressed ? "inSource" : "external"}}};
             results.push_back(result);
         }
@@ -101,7 +97,6 @@ void printSarif(const std::vector<CheckedFile>& files, std::ostream& out) {
         {"tool",
          {{"driver",
            {{"name", "ovela-tune"}, {"version", OVELA_VERSION}, {"rules", rulesOfTool()}}}}},
-        {"artifacts", artifacts},
         {"columnKind", "unicodeCodePoints"},
         {"results", results}};
     char directory[PATH_MAX];
