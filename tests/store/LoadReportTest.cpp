@@ -146,6 +146,27 @@ const std::string kProfileEnd = "        <include preset=\"ieq_warm\"/>\n    </p
 // One case per rule, or per way a rule is met: the file's fragment, and the
 // rule, line, column and level of the one finding it gives.
 const Case kCases[] = {
+    Case{"AStartTagOverTwoLines",
+         {{"mono_device=\"false\">\n        <data>",
+           "mono_device=\"false\">\n        <device_id\n            id=\"x\"/>\n        <data>"}},
+         "never-sent@30:9 note"},
+    Case{"TransposedLetters",
+         {{"<ieq-amount value=\"7\"/>", "<ieq-amount vlaue=\"7\"/>"}},
+         "missing-value@21:13 warning",
+         "<ieq-amount> has no value attribute, only vlaue: it reads as 0 (did you mean value?)"},
+    Case{"AfterTheFourthChildOfAProfile",
+         {{kProfileEnd,
+           "        <include preset=\"ieq_warm\"/>\n        <!-- x -->\n"
+           "        <bogus/>\n    </profile>\n"}},
+         "not-read@29:9 warning",
+         "<bogus> is not read: the reader takes only the 2nd child node of <profile> as "
+         "<settings> and the 4th as <include>"},
+    Case{"EndpointAttributesAfterItsId",
+         {{kSpeakerSettings,
+           "            <endpoint_type id=\"speaker\" name=\"x\">\n"
+           "                <volume"}},
+         "unknown-attribute@23:41 warning",
+         "name of <endpoint_type> is ignored: the reader reads only its id"},
     Case{"XmlSyntax", {{"<profile id=\"2\"", "<profile id=2"}}, "xml-syntax@19:17 error"},
     Case{"PresetWithoutTargets",
          {{"target=", "tagret="}, {"target=", "tagret="}},
