@@ -129,9 +129,8 @@ class SuppressionUse {
     }
 
     static const char* whyUnused(const Suppression& suppression, const std::string& name) {
-        const auto* row = std::find_if(std::begin(kLoadRules), std::end(kLoadRules),
-                                       [&](const LoadRule& rule) { return name == rule.name; });
-        if (row == std::end(kLoadRules)) {
+        const LoadRule* row = ruleNamed(name);
+        if (row == nullptr) {
             return "no rule has this name (ovela-tune check --rules lists them)";
         }
         if (row->severity == Severity::ERROR) {

@@ -14,6 +14,15 @@ const char* severityName(Severity severity) {
     return "";
 }
 
+const LoadRule* ruleNamed(std::string_view name) {
+    for (const LoadRule& rule : kLoadRules) {
+        if (name == rule.name) {
+            return &rule;
+        }
+    }
+    return nullptr;
+}
+
 std::string messageOf(const LoadRule& rule, Slots slots) {
     const std::string_view message = rule.message;
     std::string text;

@@ -296,6 +296,9 @@ constexpr const LoadRule& ruleOf(Rule rule) {
     return kLoadRules[static_cast<size_t>(rule)];
 }
 
+// The rule named `name`; null when no rule has that name.
+const LoadRule* ruleNamed(std::string_view name);
+
 // A value that a finding gives one {slot} of its rule's message.
 struct Slot {
     std::string_view name;

@@ -12,16 +12,6 @@ using ovela::testing::dataFile;
 using ovela::testing::sampleFile;
 using ovela::testing::TempFile;
 
-// One warning: a setting that reads as 0.
-constexpr char kWarningFile[] = R"(<tuning_file>
-    <general>
-        <settings>
-            <auxiliary-system-gain-enable values="1"/>
-        </settings>
-    </general>
-</tuning_file>
-)";
-
 // A warning, one accepted by a comment, a comment that accepts nothing, a
 // value that holds a direction mark, and a note.
 constexpr char kMixedFile[] = R"(<ovela_tuning>
@@ -262,7 +252,7 @@ TEST(CommandLineTest, EveryCommandAsATuningTeamUsesIt) {
         {{"tunings"}, kExitOk, {"speaker: speaker"}, 7},
     };
 
-    TempFile warning(kWarningFile);
+    TempFile warning(kOneWarningFile);
     TempFile mixed(kMixedFile);
     std::string directory = dataFile("");
     directory.pop_back();

@@ -114,14 +114,7 @@ TEST(OvelaTuneTest, ApplyShowsTheDefaultTuningWhereAnEndpointTakesIt) {
 
 // The JSON keeps the fields it always had, and says which version it is.
 TEST(OvelaTuneCheckTest, JsonCarriesTheFilesAndTheFindings) {
-    TempFile warning(R"(<tuning_file>
-    <general>
-        <settings>
-            <auxiliary-system-gain-enable values="1"/>
-        </settings>
-    </general>
-</tuning_file>
-)");
+    TempFile warning(kOneWarningFile);
     ToolRun run = runOvelaTune({"check", "--format=json", warning.path()});
     EXPECT_EQ(run.exitCode, kExitFindings);
     nlohmann::json expected = nlohmann::json::parse(R"json({

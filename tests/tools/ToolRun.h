@@ -9,6 +9,17 @@
 
 namespace ovela::tune {
 
+// A tuning file with one warning, a setting that reads as 0: line 4, column
+// 13, missing-value.
+inline constexpr char kOneWarningFile[] = R"(<tuning_file>
+    <general>
+        <settings>
+            <auxiliary-system-gain-enable values="1"/>
+        </settings>
+    </general>
+</tuning_file>
+)";
+
 struct ToolRun {
     int exitCode;
     std::string out;

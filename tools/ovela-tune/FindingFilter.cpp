@@ -4,16 +4,6 @@
 
 namespace ovela::tune {
 
-namespace {
-
-const LoadRule* ruleNamed(const std::string& name) {
-    const auto* row = std::find_if(std::begin(kLoadRules), std::end(kLoadRules),
-                                   [&](const LoadRule& rule) { return name == rule.name; });
-    return row == std::end(kLoadRules) ? nullptr : row;
-}
-
-}  // namespace
-
 size_t ShownFindings::shownCount(Severity severity) const {
     return std::count_if(shown.begin(), shown.end(),
                          [&](const LoadFinding& finding) { return finding.severity == severity; });

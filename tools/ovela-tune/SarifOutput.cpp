@@ -48,15 +48,6 @@ nlohmann::json rulesOfTool() {
     return rules;
 }
 
-size_t indexOfRule(const std::string& name) {
-    for (size_t i = 0; i < std::size(kLoadRules); ++i) {
-        if (name == kLoadRules[i].name) {
-            return i;
-        }
-    }
-    return 0;
-}
-
 nlohmann::json resultOf(const LoadFinding& finding, const std::string& path) {
     nlohmann::json location = {{"artifactLocation", artifactLocation(path)}};
     if (finding.line > 0) {
@@ -71,7 +62,7 @@ nlohmann::json resultOf(const LoadFinding& finding, const std::string& path) {
         location["region"] = region;
     }
     return {{"ruleId", finding.rule},
-            {"ruleIndex", indexOfRule(finding.rule)},
+            {"ruleIndex", ruleNamed(finding.rule) - kLoadRules},
             {"level", severityName(finding.severity)},
             {"message", {{"text", finding.message}}},
             {"locations", {{{"physicalLocation", location}}}}};
