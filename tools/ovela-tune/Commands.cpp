@@ -103,6 +103,11 @@ const std::vector<Command>& commands() {
          {{"output", "REPORT.html", "write the page there instead of to standard output", 'o'},
           kHelp},
          runReport},
+        {"lsp",
+         "",
+         "serve editors over the Language Server Protocol on standard input and output",
+         {kHelp},
+         runLsp},
     };
     return kCommands;
 }
