@@ -85,7 +85,7 @@ LspTransport::Read LspTransport::read(std::string* body) {
     }
     if (length > kMaxMessageBytes) {
         mIn.ignore(static_cast<std::streamsize>(length));
-        return mIn ? Read::TOO_LARGE : Read::END;
+        return Read::TOO_LARGE;
     }
     // Read in pieces, so that a length that the body does not reach costs
     // no more memory than the body.
