@@ -108,6 +108,7 @@ void describeSent(DocumentLoad& load, const Source& source, std::string* text) {
 
 // The number of entries of each array that came from the section at `place`.
 void describeSection(DocumentLoad& load, const Place& place, std::string* text) {
+    bool any = false;
     for (const NamedArray& array : load.contents().arrays) {
         const size_t count =
             std::count_if(array.entries.begin(), array.entries.end(),
@@ -115,9 +116,10 @@ void describeSection(DocumentLoad& load, const Place& place, std::string* text) 
         if (count != 0) {
             *text += "- " + array.title() + ": " + std::to_string(count) +
                      (count == 1 ? " entry\n" : " entries\n");
+            any = true;
         }
     }
-    *text += "\n";
+    *text += any ? "\n" : "";
 }
 
 // The parameter that the shape says the target sets, where no value was read.
