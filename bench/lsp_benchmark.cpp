@@ -36,12 +36,12 @@ std::string framed(const Json& message) {
     return "Content-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body;
 }
 
-// An edit of the line that holds the sample's first "<ieq-amount": the name
-// misspelt on odd versions and put right on even ones.
-Json change(const std::string& text, long version) {
-    const size_t at = text.find("<ieq-amount");
-    const long line = static_cast<long>(std::count(text.begin(), text.begin() + at, '\n'));
-    const long column = static_cast<long>(at - text.rfind('\n', at) - 1) + 1;
+// An edit of the line that holds the first "<ieq-amount" of `sample`: the
+// name misspelt on odd versions and put right on even ones.
+Json change(const std::string& sample, long version) {
+    const size_t at = sample.find("<ieq-amount");
+    const long line = static_cast<long>(std::count(sample.begin(), sample.begin() + at, '\n'));
+    const long column = static_cast<long>(at - sample.rfind('\n', at) - 1) + 1;
     const bool typo = version % 2 == 1;
     return {{"jsonrpc", "2.0"},
             {"method", "textDocument/didChange"},
@@ -115,11 +115,13 @@ void BM_DiagnosticsAfterChange(benchmark::State& state) {
 }
 
 void BM_LoadAndDiagnoseChangedText(benchmark::State& state) {
-    std::string text = sampleText();
+    const std::string sample = sampleText();
+    std::string text = sample;
     const tune::lsp::ServerSettings settings;
     long version = 0;
     for (auto _ : state) {
-        const Json edit = change(text, ++version)["params"]["contentChanges"][0];
+        // The edit is placed by the sample, whose first "<ieq-amount" it toggles.
+        const Json edit = change(sample, ++version)["params"]["contentChanges"][0];
         tune::lsp::applyChange(edit, tune::PositionEncoding::UTF16, &text);
         tune::lsp::DocumentLoad load(kUri, text, version, tune::PositionEncoding::UTF16);
         benchmark::DoNotOptimize(
