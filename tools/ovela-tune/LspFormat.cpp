@@ -71,43 +71,40 @@ Json formattingEdits(DocumentLoad& load) {
     const std::string& text = load.text();
     const TextPositions& positions = load.positions();
     const TagScan& scan = load.scan();
+    // Where each line's first character stands, and how deep it is.
+    std::vector<size_t> firsts;
+    for (size_t line = 0, start = 0; line < positions.lineCount(); ++line) {
+        const std::string_view lineText = positions.lineText(line);
+        firsts.push_back(start + std::min(lineText.find_first_not_of(" \t"), lineText.size()));
+        start = text.find('\n', start) + 1;
+    }
+    const std::vector<size_t> depths = scan.openCounts(firsts);
     std::string formatted;
     formatted.reserve(text.size());
-    size_t lineStart = 0;
-    for (size_t line = 0; line < positions.lineCount(); ++line) {
-        const std::string_view lineText = positions.lineText(line);
-        const size_t end = lineStart + lineText.size();
-        const size_t first = lineText.find_first_not_of(" \t");
-        const size_t at = lineStart + (first == std::string_view::npos ? lineText.size() : first);
-        const CursorContext context = scan.contextAt(at);
+    size_t copied = 0;
+    for (size_t line = 0; line < firsts.size(); ++line) {
+        const size_t at = firsts[line];
+        // Only a line that starts with a tag or with markup between tags
+        // moves: a line inside a tag, a comment or a text stays as written.
         const ScannedTag* tag = scan.tagStartingAt(at);
-        // Only a line that starts with markup between tags moves: a line
-        // inside a tag, a comment or a text stays as written.
-        const bool movable = first != std::string_view::npos && text[at] == '<' &&
-                             context.where == CursorContext::Where::CONTENT;
-        if (movable) {
-            size_t depth = context.open.size();
-            if (tag != nullptr && tag->closing && depth > 0) {
-                --depth;
-            }
-            const std::string indent(depth * kIndent, ' ');
-            formatted += indent;
-            if (std::string_view(text).substr(lineStart, at - lineStart) != indent) {
-                edits.push_back({{"range", rangeJson(positions.editorPositionOf(lineStart),
-                                                     positions.editorPositionOf(at))},
-                                 {"newText", indent}});
-            }
-            formatted.append(text, at, end - at);
-        } else {
-            formatted.append(text, lineStart, end - lineStart);
+        if (tag == nullptr && !scan.markupStartsAt(at)) {
+            continue;
         }
-        // The line break as the text has it.
-        const size_t next = text.find('\n', end);
-        if (next != std::string::npos) {
-            formatted.append(text, end, next + 1 - end);
-            lineStart = next + 1;
+        const size_t depth =
+            tag != nullptr && tag->closing && depths[line] > 0 ? depths[line] - 1 : depths[line];
+        const std::string indent(depth * kIndent, ' ');
+        const size_t lineStart = positions.offsetOf({static_cast<long>(line), 0}).value_or(at);
+        if (std::string_view(text).substr(lineStart, at - lineStart) == indent) {
+            continue;
         }
+        edits.push_back({{"range", rangeJson(positions.editorPositionOf(lineStart),
+                                             positions.editorPositionOf(at))},
+                         {"newText", indent}});
+        formatted.append(text, copied, lineStart - copied);
+        formatted += indent;
+        copied = at;
     }
+    formatted.append(text, copied, std::string::npos);
     if (edits.empty()) {
         return edits;
     }

@@ -149,9 +149,42 @@ void TagScan::scanTag(size_t at) {
 }
 
 bool TagScan::inMarkup(size_t offset) const {
-    return std::any_of(mMarkup.begin(), mMarkup.end(), [&](const std::pair<size_t, size_t>& m) {
-        return m.first < offset && offset < m.second;
-    });
+    // The stretches are in the order of the text and do not overlap.
+    const auto after = std::upper_bound(
+        mMarkup.begin(), mMarkup.end(), offset,
+        [](size_t at, const std::pair<size_t, size_t>& m) { return at <= m.first; });
+    return after != mMarkup.begin() && offset < std::prev(after)->second;
+}
+
+bool TagScan::markupStartsAt(size_t offset) const {
+    return std::binary_search(mMarkup.begin(), mMarkup.end(), std::make_pair(offset, size_t{0}),
+                              [](const std::pair<size_t, size_t>& a,
+                                 const std::pair<size_t, size_t>& b) { return a.first < b.first; });
+}
+
+std::vector<size_t> TagScan::openCounts(const std::vector<size_t>& offsets) const {
+    std::vector<size_t> counts;
+    std::vector<const std::string*> open;
+    size_t next = 0;
+    for (size_t offset : offsets) {
+        for (; next < mTags.size() && mTags[next].begin < offset; ++next) {
+            const ScannedTag& tag = mTags[next];
+            if (!tag.closing) {
+                if (!tag.selfClosing && tag.end != std::string_view::npos) {
+                    open.push_back(&tag.name);
+                }
+                continue;
+            }
+            const auto found =
+                std::find_if(open.rbegin(), open.rend(),
+                             [&](const std::string* name) { return *name == tag.name; });
+            if (found != open.rend()) {
+                open.erase(std::prev(found.base()), open.end());
+            }
+        }
+        counts.push_back(open.size());
+    }
+    return counts;
 }
 
 const ScannedTag* TagScan::tagStartingAt(size_t offset) const {

@@ -61,6 +61,12 @@ class TagScan {
     // Whether `offset` lies in a comment, CDATA, a processing instruction or
     // a declaration.
     bool inMarkup(size_t offset) const;
+    // Whether a comment, CDATA, a processing instruction or a declaration
+    // starts at `offset`.
+    bool markupStartsAt(size_t offset) const;
+    // The number of elements open at each of `offsets`, in increasing order,
+    // as contextAt() counts them; in one pass, for a whole text.
+    std::vector<size_t> openCounts(const std::vector<size_t>& offsets) const;
     // The tag that starts at `offset`, or null.
     const ScannedTag* tagStartingAt(size_t offset) const;
     // The end tag that closes the start tag `start`, or null.
