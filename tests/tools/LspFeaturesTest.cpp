@@ -114,7 +114,8 @@ TEST(LspFeaturesTest, HoverSaysWhatTheEffectReceivesOrWhyNot) {
     auto load = loaded(kText);
     const std::string sent = hoverAt(*load, {19, 16})["contents"]["value"];
     EXPECT_EQ(sent,
-              "**bass-enhancer-width** of tuning default: `bass_enhancer_width`, `bew`, sent\n\n"
+              "**bass-enhancer-width** of tuning default: `bass_enhancer_width`, `bew`, sent "
+              "(carried by a tuning)\n\n"
               "- general, device headphone, `bew`: 4\n\n");
     const std::string wrong = hoverAt(*load, {12, 42})["contents"]["value"];
     EXPECT_THAT(wrong, ::testing::HasSubstr("`virtualizer_enable`"));

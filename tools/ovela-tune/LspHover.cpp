@@ -166,7 +166,8 @@ Json hoverAt(DocumentLoad& load, EditorPosition position) {
             const size_t index = static_cast<size_t>(values.parameter);
             text += "**" + nameOf(*source) + "** of " + entity->label + ": `" +
                     kParameterNames[index] + "`, " + codeText(values.parameter) + ", " +
-                    fateName(values.fate) + "\n\n";
+                    fateName(values.fate) + " (carried by " +
+                    entityClassName(kParameterRows[index].validIn) + ")\n\n";
             if (values.fate == Fate::SENT) {
                 describeSent(load, *source, &text);
                 text += "\n";
