@@ -104,9 +104,12 @@ Json action(const DocumentLoad& load, const std::string& title, Json diagnostic,
             {"edit", {{"changes", {{load.uri(), std::move(edits)}}}}}};
 }
 
+// Whether two ranges share a place; a position that the client gave wrong
+// counts as the start of the text.
 bool overlaps(const Json& a, const Json& b) {
     auto at = [](const Json& position) {
-        return std::make_pair(position.value("line", 0L), position.value("character", 0L));
+        return std::make_pair(integerAt(position, "line").value_or(0),
+                              integerAt(position, "character").value_or(0));
     };
     return !(at(objectAt(a, "end")) < at(objectAt(b, "start")) ||
              at(objectAt(b, "end")) < at(objectAt(a, "start")));
