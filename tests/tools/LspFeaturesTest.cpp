@@ -85,6 +85,20 @@ std::vector<std::string> rulesOf(LoadedFile& file) {
     return rules;
 }
 
+TEST(LspFeaturesTest, DiagnosticsPointAtTheEarlierPlacesTheyName) {
+    auto load = loaded(replaced(kText, R"(<ieq-amout value="10"/>)",
+                                R"(<ieq-amount value="10"/><ieq-amount value="11"/>)"));
+    const Json diagnostics = diagnosticsOf(load->file(), ServerSettings(), kUri, load->positions());
+    const auto duplicate = std::find_if(diagnostics.begin(), diagnostics.end(), [](const Json& d) {
+        return d["code"] == "duplicate-element";
+    });
+    ASSERT_NE(duplicate, diagnostics.end());
+    EXPECT_EQ((*duplicate)["relatedInformation"][0]["location"],
+              Json::parse(R"({"uri": "file:///t/qrn-test.xml", "range": {
+                  "start": {"line": 10, "character": 12}, "end": {"line": 10, "character": 60}}})"));
+    EXPECT_EQ((*duplicate)["range"]["start"], Json::parse(R"({"line": 10, "character": 36})"));
+}
+
 TEST(LspFeaturesTest, DefinitionsGoWhereTheLoadReads) {
     auto load = loaded(kText);
     // The include reads as the warm preset by its words, not by its text.

@@ -1,7 +1,8 @@
 #include "LspDiagnostics.h"
 
+#include <cctype>
 #include <climits>
-#include <regex>
+#include <string_view>
 
 namespace ovela::tune::lsp {
 
@@ -28,11 +29,20 @@ int weight(Severity severity) {
 // A message that names an earlier place says "(first at line 12)" or "the
 // preset ieq_warm at line 40": the rules' templates give lines that way.
 std::vector<long> namedLines(const std::string& message) {
-    static const std::regex kAtLine("at line ([0-9]+)");
+    constexpr std::string_view kAtLine = "at line ";
     std::vector<long> lines;
-    for (auto it = std::sregex_iterator(message.begin(), message.end(), kAtLine);
-         it != std::sregex_iterator(); ++it) {
-        lines.push_back(std::stol((*it)[1].str()));
+    for (size_t at = message.find(kAtLine); at != std::string::npos;
+         at = message.find(kAtLine, at + 1)) {
+        const size_t digits = at + kAtLine.size();
+        long line = 0;
+        size_t end = digits;
+        for (; end < message.size() && std::isdigit(static_cast<unsigned char>(message[end]));
+             ++end) {
+            line = line * 10 + (message[end] - '0');
+        }
+        if (end != digits) {
+            lines.push_back(line);
+        }
     }
     return lines;
 }

@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <regex>
+#include <string_view>
 
 #include "LspFeatures.h"
 #include "LspPlaces.h"
@@ -30,12 +30,17 @@ constexpr char kNotIndented[] = "not-indented";
 
 // The word of "(did you mean WORD?)" at the end of the rules' hints.
 std::optional<std::string> suggestionOf(const std::string& message) {
-    static const std::regex kHint("\\(did you mean ([^ ?]+)\\?\\)");
-    std::smatch match;
-    if (!std::regex_search(message, match, kHint)) {
+    constexpr std::string_view kHint = "(did you mean ";
+    const size_t start = message.rfind(kHint);
+    const size_t end = message.find("?)", start);
+    if (start == std::string::npos || end == std::string::npos) {
         return std::nullopt;
     }
-    return match[1].str();
+    const std::string word = message.substr(start + kHint.size(), end - start - kHint.size());
+    if (word.empty() || word.find(' ') != std::string::npos) {
+        return std::nullopt;
+    }
+    return word;
 }
 
 size_t distance(const std::string& a, const std::string& b) {
