@@ -11,7 +11,7 @@ namespace ovela::tune::lsp {
 
 namespace {
 
-enum CompletionKind { PROPERTY = 10, VALUE = 12, ENUM_MEMBER = 20, STRUCT = 22 };
+enum CompletionKind { PROPERTY = 10, ENUM_MEMBER = 20, STRUCT = 22 };
 
 // The shape of the element that `open` (root first) ends in; `extra`, when
 // given, one more step down.
@@ -42,10 +42,10 @@ std::vector<std::string> presetIds(DocumentLoad& load) {
     return ids;
 }
 
-bool isTuningName(const CursorContext& context) {
+// Whether the cursor is in the start tag of a tuning section.
+bool inTuningTag(const CursorContext& context) {
     const Section* section = findByName(kSectionElements, context.tag->name);
-    return context.open.size() == 1 && section != nullptr && *section == Section::TUNING &&
-           *findByName(kTuningAttributes, context.attribute->name) == TuningAttribute::NAME;
+    return context.open.size() == 1 && section != nullptr && *section == Section::TUNING;
 }
 
 // The words that the attribute at the cursor may hold.
@@ -64,7 +64,8 @@ std::vector<std::string> valuesAt(DocumentLoad& load, const CursorContext& conte
             std::vector<std::string> ids = presetIds(load);
             words.insert(words.begin(), ids.begin(), ids.end());
         }
-        if (findByName(kTuningAttributes, attribute.name) != nullptr && isTuningName(context)) {
+        const TuningAttribute* tuning = findByName(kTuningAttributes, attribute.name);
+        if (tuning != nullptr && *tuning == TuningAttribute::NAME && inTuningTag(context)) {
             // A tuning named after an endpoint is that endpoint's own.
             words = wordsOf(ValueKind::ENDPOINT_NAME);
             words.push_back(kDefaultTuningName);
