@@ -145,6 +145,10 @@ TEST(LspFeaturesTest, CompletionOffersWhatFitsThePlace) {
     const std::vector<std::string> settings = labels(completionAt(*load, {10, 13}));
     EXPECT_THAT(settings, IsSupersetOf({"ieq-amount", "endpoint_type"}));
     EXPECT_THAT(settings, ::testing::Not(::testing::Contains("band_ieq")));
+    // A tag being typed before others: the scan goes on past it.
+    auto typing = loaded(replaced(kText, "<ieq-amout value=\"10\"/>", "<ieq-am"));
+    EXPECT_THAT(labels(completionAt(*typing, {10, 19})), ::testing::Contains("ieq-amount"));
+    EXPECT_THAT(labels(completionAt(*typing, {12, 17})), ::testing::Contains("virtualizer-enable"));
     // At the end of a start tag: the attributes that it does not give yet.
     EXPECT_THAT(labels(completionAt(*load, {17, 68})),
                 ElementsAre("orientation", "output_channels"));

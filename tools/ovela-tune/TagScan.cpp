@@ -63,12 +63,10 @@ TagScan::TagScan(std::string_view text) : mText(text) {
             at = bracket < close ? skipMarkup(at, "<!", "]>") : skipMarkup(at, "<!", ">");
         } else {
             scanTag(at);
-            const size_t end = mTags.back().end;
-            at = end == std::string_view::npos ? mText.size() : end;
-            // A tag that another '<' cuts short ends there.
-            if (mTags.back().end == std::string_view::npos) {
-                at = std::max(at, mText.find('<', mTags.back().begin + 1));
-            }
+            // A tag that is not ended yet, as while typing, stops at the next
+            // '<', where the scan goes on.
+            const ScannedTag& tag = mTags.back();
+            at = tag.end != std::string_view::npos ? tag.end : mText.find('<', tag.begin + 1);
         }
     }
 }
