@@ -172,6 +172,18 @@ TEST(LspFeaturesTest, QuickFixesApplyTheFindingsOwnSuggestion) {
     EXPECT_THAT(fixed, ::testing::HasSubstr("<data>\n            <bass-enhancer-boost"));
 }
 
+TEST(LspFeaturesTest, ARenamedElementKeepsItsEndTag) {
+    const std::string misnamed =
+        replaced(replaced(kText, "<settings>", "<setings>"), "</settings>", "</setings>");
+    auto load = loaded(misnamed);
+    const Json line = {{"start", {{"line", 9}, {"character", 0}}},
+                       {"end", {{"line", 9}, {"character", 20}}}};
+    const Json actions = codeActions(*load, line, ServerSettings());
+    ASSERT_EQ(actions.size(), 1u);
+    EXPECT_EQ(actions[0]["title"], "Change to settings");
+    EXPECT_EQ(applied(misnamed, actions[0]["edit"]["changes"][kUri]), kText);
+}
+
 TEST(LspFeaturesTest, FormattingIndentsWithoutChangingAnArray) {
     std::string ragged;
     size_t line = 0;

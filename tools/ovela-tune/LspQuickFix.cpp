@@ -5,7 +5,8 @@
 #include "LspPlaces.h"
 
 // Quick fixes for the findings that have one certain fix: the name or word
-// that the finding suggests ("did you mean value?"), and the line break that
+// that the finding suggests ("did you mean value?", "the format names it
+// <settings>"), and the line break that
 // lets the reader read an element that it skips.
 namespace ovela::tune::lsp {
 
@@ -14,29 +15,37 @@ namespace {
 // What a suggestion of a rule renames.
 enum class Renames { ELEMENT_NAME, ATTRIBUTE_NAME, ATTRIBUTE_VALUE };
 
+// Where a rule's message names the right word: after `before`, up to `after`.
 struct RenameRule {
     const char* rule;
     Renames renames;
+    std::string_view before = "(did you mean ";
+    std::string_view after = "?)";
 };
 
 constexpr RenameRule kRenameRules[] = {
-    {"unknown-element", Renames::ELEMENT_NAME},   {"unknown-attribute", Renames::ATTRIBUTE_NAME},
-    {"missing-value", Renames::ATTRIBUTE_NAME},   {"attribute-name", Renames::ATTRIBUTE_NAME},
-    {"truth-word", Renames::ATTRIBUTE_VALUE},     {"unknown-endpoint", Renames::ATTRIBUTE_VALUE},
-    {"unknown-preset", Renames::ATTRIBUTE_VALUE}, {"tuning-name-case", Renames::ATTRIBUTE_VALUE},
+    {"unknown-element", Renames::ELEMENT_NAME},
+    {"positional-name", Renames::ELEMENT_NAME, "the format names it <", ">"},
+    {"unknown-attribute", Renames::ATTRIBUTE_NAME},
+    {"missing-value", Renames::ATTRIBUTE_NAME},
+    {"attribute-name", Renames::ATTRIBUTE_NAME},
+    {"truth-word", Renames::ATTRIBUTE_VALUE},
+    {"unknown-endpoint", Renames::ATTRIBUTE_VALUE},
+    {"unknown-preset", Renames::ATTRIBUTE_VALUE},
+    {"tuning-name-case", Renames::ATTRIBUTE_VALUE},
 };
 
 constexpr char kNotIndented[] = "not-indented";
 
-// The word of "(did you mean WORD?)" at the end of the rules' hints.
-std::optional<std::string> suggestionOf(const std::string& message) {
-    constexpr std::string_view kHint = "(did you mean ";
-    const size_t start = message.rfind(kHint);
-    const size_t end = message.find("?)", start);
+// The word that the message of `rule` suggests, if it suggests one.
+std::optional<std::string> suggestionOf(const std::string& message, const RenameRule& rule) {
+    const size_t start = message.rfind(rule.before);
+    const size_t end = message.find(rule.after, start + rule.before.size());
     if (start == std::string::npos || end == std::string::npos) {
         return std::nullopt;
     }
-    const std::string word = message.substr(start + kHint.size(), end - start - kHint.size());
+    const size_t from = start + rule.before.size();
+    const std::string word = message.substr(from, end - from);
     if (word.empty() || word.find(' ') != std::string::npos) {
         return std::nullopt;
     }
@@ -148,10 +157,11 @@ Json codeActions(DocumentLoad& load, const Json& range, const ServerSettings& se
                        Json::array({edit(load, offset, offset, "\n" + indent + "    ")})));
             continue;
         }
-        const auto word = suggestionOf(finding.message);
         const auto rule = std::find_if(std::begin(kRenameRules), std::end(kRenameRules),
                                        [&](const RenameRule& r) { return finding.rule == r.rule; });
-        if (!word || rule == std::end(kRenameRules)) {
+        const auto word =
+            rule != std::end(kRenameRules) ? suggestionOf(finding.message, *rule) : std::nullopt;
+        if (!word) {
             continue;
         }
         Json edits = renameEdits(load, *tag, offset, rule->renames, *word);
