@@ -6,8 +6,8 @@
 
 // Quick fixes for the findings that have one certain fix: the name or word
 // that the finding suggests ("did you mean value?", "the format names it
-// <settings>"), and the line break that
-// lets the reader read an element that it skips.
+// <settings>"), and the line break that lets the reader read an element that
+// it skips.
 namespace ovela::tune::lsp {
 
 namespace {
