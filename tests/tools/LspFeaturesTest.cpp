@@ -97,6 +97,10 @@ TEST(LspFeaturesTest, DiagnosticsPointAtTheEarlierPlacesTheyName) {
               Json::parse(R"({"uri": "file:///t/qrn-test.xml", "range": {
                   "start": {"line": 10, "character": 12}, "end": {"line": 10, "character": 60}}})"));
     EXPECT_EQ((*duplicate)["range"]["start"], Json::parse(R"({"line": 10, "character": 36})"));
+    // The replaced element's hover names the finding that replaced it.
+    const std::string replacedHover = hoverAt(*load, {10, 16})["contents"]["value"];
+    EXPECT_THAT(replacedHover, ::testing::HasSubstr("replaced by a later one"));
+    EXPECT_THAT(replacedHover, ::testing::HasSubstr("[duplicate-element]"));
 }
 
 TEST(LspFeaturesTest, DefinitionsGoWhereTheLoadReads) {

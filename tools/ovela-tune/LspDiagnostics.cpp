@@ -26,8 +26,7 @@ int weight(Severity severity) {
     return severity == Severity::ERROR ? 2 : severity == Severity::WARNING ? 1 : 0;
 }
 
-// A message that names an earlier place says "(first at line 12)" or "the
-// preset ieq_warm at line 40": the rules' templates give lines that way.
+// The rules' templates give the lines of other places as "at line N".
 std::vector<long> namedLines(const std::string& message) {
     constexpr std::string_view kAtLine = "at line ";
     std::vector<long> lines;
@@ -86,6 +85,10 @@ std::vector<LoadFinding> shownFindings(const LoadedFile& file, const ServerSetti
     return shown;
 }
 
+std::vector<long> linesNamedBy(const LoadFinding& finding) {
+    return namedLines(finding.message);
+}
+
 Json rangeJson(EditorPosition start, EditorPosition end) {
     return {{"start", {{"line", start.line}, {"character", start.character}}},
             {"end", {{"line", end.line}, {"character", end.character}}}};
@@ -112,7 +115,7 @@ Json diagnosticOf(const LoadFinding& finding, const std::string& uri,
                        {"source", "ovela-tune"},
                        {"message", finding.message}};
     Json related = Json::array();
-    for (long line : namedLines(finding.message)) {
+    for (long line : linesNamedBy(finding)) {
         related.push_back(
             {{"location", {{"uri", uri}, {"range", lineRange(line, positions)}}},
              {"message", "line " + std::to_string(line) + ", which the finding names"}});

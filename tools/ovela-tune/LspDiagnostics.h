@@ -29,6 +29,10 @@ void readSettings(const Json& options, ServerSettings* settings);
 // them: the one place where findings are filtered.
 std::vector<LoadFinding> shownFindings(const LoadedFile& file, const ServerSettings& settings);
 
+// The lines of earlier places that a finding's message names: "(first at
+// line 12)", "the preset ieq_warm at line 40".
+std::vector<long> linesNamedBy(const LoadFinding& finding);
+
 // The LSP range of a finding: from its line and column to its end.
 Json rangeOf(const LoadFinding& finding, const TextPositions& positions);
 Json rangeJson(EditorPosition start, EditorPosition end);

@@ -179,10 +179,13 @@ Json hoverAt(DocumentLoad& load, EditorPosition position) {
             describeSection(load, entity->place, &text);
         }
     }
-    // The findings of the tag say why a value is not what the text says.
+    // The findings of the tag say why a value is not what the text says; a
+    // later place may say what replaced it ("first at line 12").
     const Place tagPlace = placeOf(load, *target.tag);
     for (const LoadFinding& finding : load.file().findings()) {
-        if (holds(load, tagPlace, load.positions().offsetOfPlace(finding.line, finding.column))) {
+        const std::vector<long> named = linesNamedBy(finding);
+        if (holds(load, tagPlace, load.positions().offsetOfPlace(finding.line, finding.column)) ||
+            std::find(named.begin(), named.end(), tagPlace.line) != named.end()) {
             text += std::string("*") + severityName(finding.severity) + " [" + finding.rule +
                     "]*: " + finding.message + "\n\n";
         }
