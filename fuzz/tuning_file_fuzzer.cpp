@@ -166,8 +166,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     using namespace ovela;
     using namespace ovela::fuzz;
     writeInput(data, size);
-    // Half the inputs load with a report, which must say that the file does
-    // not load exactly when the store took nothing from it.
+    // Half the inputs load from the file, the other half from memory as an
+    // editor's text, with a report, which must say that the text does not
+    // load exactly when the store took nothing from it.
     const uint32_t hash = hashOf(data, size);
     if (hash % 2 == 0) {
         ProfileParamArray store(gPath);
@@ -176,7 +177,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     } else {
         LoadReport report;
         const ReportedLoads reported(&report);
-        ProfileParamArray store(gPath);
+        ProfileParamArray store(reinterpret_cast<const char*>(data), size, "fuzz input");
         const bool loaded = checkProfiles(store) != 0;
         checkTunings(store);
         require(loaded != report.hasErrors(), "the report and the load disagree on the file");

@@ -175,4 +175,20 @@ bool readTuningFile(const std::string& path, std::string* bytes, LoadReport* rep
     return true;
 }
 
+bool takeTuningText(const std::string& name, const char* data, size_t size, std::string* bytes,
+                    LoadReport* report) {
+    if (data == nullptr && size != 0) {
+        return refuse(Rule::FILE_UNREADABLE, {{"file", name}, {"why", "no text to read"}}, report);
+    }
+    if (size > kMaxTuningFileBytes) {
+        return refuse(Rule::FILE_SIZE,
+                      {{"file", name},
+                       {"bytes", std::to_string(size)},
+                       {"limit", mebibytes(kMaxTuningFileBytes)}},
+                      report);
+    }
+    bytes->assign(data == nullptr ? "" : data, size);
+    return true;
+}
+
 }  // namespace ovela

@@ -24,6 +24,13 @@ inline constexpr size_t kMaxTuningDocumentBytes = 64 << 20;
 // when there is one, and gives false.
 bool readTuningFile(const std::string& path, std::string* bytes, LoadReport* report);
 
+// Copies the `size` bytes at `data`, the text of a tuning file called `name`
+// that no file holds (an editor's unsaved text), into `bytes`, under the same
+// limit as a file on disk. Text past the limit, or a null `data` with a size,
+// is logged, told to `report` when there is one, and gives false.
+bool takeTuningText(const std::string& name, const char* data, size_t size, std::string* bytes,
+                    LoadReport* report);
+
 }  // namespace ovela
 
 #endif  // OVELA_TUNING_FILE_BYTES_H

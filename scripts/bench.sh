@@ -10,7 +10,7 @@ cd "$(dirname "$0")/.."
 
 scripts/setup.sh build-bench -DOVELA_BENCH=ON -DOVELA_BUILD_TESTS=OFF >/dev/null
 
-for program in sweep load query memory; do
+for program in sweep load query memory lsp; do
     echo "== ${program}_benchmark"
     "build-bench/bench/${program}_benchmark" "$@"
 done

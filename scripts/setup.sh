@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 packages=(cmake g++ make pkg-config libxml2-dev android-liblog-dev android-libutils-dev
           libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev
           clang libclang-rt-14-dev valgrind mini-soong libxml2-utils doxygen
-          python3 chromium fonts-dejavu-core nodejs)
+          python3 chromium fonts-dejavu-core nodejs neovim)
 missing=()
 for package in "${packages[@]}"; do
     if ! dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed'; then

@@ -17,6 +17,6 @@ ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
 
 scripts/setup.sh build-tsan -DOVELA_SANITIZE=thread
 TSAN_OPTIONS=halt_on_error=1 \
-    ctest --test-dir build-tsan --output-on-failure -j"$(nproc)" -R '^ConcurrencyTest\.'
+    ctest --test-dir build-tsan --output-on-failure -j"$(nproc)" -R '^(ConcurrencyTest|LspServerTest)\.'
 
 scripts/fuzz.sh 30

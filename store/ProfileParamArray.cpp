@@ -70,18 +70,36 @@ ProfileParamArray::ProfileParamArray(std::string path)
     loadXMLFile(std::move(path));
 }
 
+ProfileParamArray::ProfileParamArray(const char* data, size_t size, std::string name)
+    : mState(std::make_unique<State>()), mSerial(gNextSerial++) {
+    loadXMLText(data, size, std::move(name));
+}
+
 ProfileParamArray::~ProfileParamArray() = default;
 
 void ProfileParamArray::loadXMLFile(std::string path) {
     ALOGD("%s", __func__);
-    LoadReport* report = ReportedLoads::current();
     // The file is read before any lock is taken, so a slow or hostile path
     // holds up nobody but this caller.
     std::string document;
-    if (!readTuningFile(path, &document, report)) {
+    if (!readTuningFile(path, &document, ReportedLoads::current())) {
         ALOGE("XML parses error!!");
         return;
     }
+    loadDocument(path, std::move(document));
+}
+
+void ProfileParamArray::loadXMLText(const char* data, size_t size, std::string name) {
+    ALOGD("%s", __func__);
+    std::string document;
+    if (!takeTuningText(name, data, size, &document, ReportedLoads::current())) {
+        ALOGE("XML parses error!!");
+        return;
+    }
+    loadDocument(name, std::move(document));
+}
+
+void ProfileParamArray::loadDocument(const std::string& name, std::string document) {
     // Loads take turns; queries go on while one parses and composes, and
     // wait only for the swap. Everything is built aside and taken over only
     // when the whole file loaded, so that a failed load leaves the store as
@@ -89,7 +107,7 @@ void ProfileParamArray::loadXMLFile(std::string path) {
     android::Mutex::Autolock loading(mLoadLock);
     ParamTables tables;
     SpeakerData speaker = mState->speaker;
-    if (!loadProfileArrays(path, std::move(document), tables, speaker, report)) {
+    if (!loadProfileArrays(name, std::move(document), tables, speaker, ReportedLoads::current())) {
         return;
     }
     mState->speaker = speaker;

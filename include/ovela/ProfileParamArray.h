@@ -4,6 +4,7 @@
 #include <utils/Mutex.h>
 #include <utils/Singleton.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -57,6 +58,12 @@ class OVELA_EXPORT ProfileParamArray : public android::Singleton<ProfileParamArr
      * loadXMLFile() does; for tools and tests that need a store of their own.
      */
     explicit ProfileParamArray(std::string path);
+    /**
+     * Creates a store and loads the tuning file whose text is the `size`
+     * bytes at `data` into it, as loadXMLText() does; for tools that check
+     * text that is not saved yet.
+     */
+    ProfileParamArray(const char* data, size_t size, std::string name);
     /** Frees every array. */
     virtual ~ProfileParamArray();
     ProfileParamArray(const ProfileParamArray&) = delete;
@@ -80,6 +87,19 @@ class OVELA_EXPORT ProfileParamArray : public android::Singleton<ProfileParamArr
      * @param path The tuning file; an empty path is an error.
      */
     void loadXMLFile(std::string path);
+
+    /**
+     * Loads a tuning file from memory: the `size` bytes at `data`, read as
+     * loadXMLFile() reads a file's bytes, with the same limits and the same
+     * result. Nothing is read from disk; an editor or a fuzzer hands over text
+     * that no file holds. The store keeps no reference to `data`.
+     *
+     * @param data The file's text; null only with a size of 0.
+     * @param size The bytes at `data`; more than 64 MiB is refused (logged,
+     *     nothing changes).
+     * @param name What the log calls the text, as it would name a file's path.
+     */
+    void loadXMLText(const char* data, size_t size, std::string name);
 
     /**
      * Copies the array of `profile` into `out`: the second call of the
@@ -169,6 +189,10 @@ class OVELA_EXPORT ProfileParamArray : public android::Singleton<ProfileParamArr
 
   private:
     struct State;
+
+    // Parses and composes `document`, the text of the file called `name`, and
+    // takes its arrays over when the whole file loaded.
+    void loadDocument(const std::string& name, std::string document);
 
     // The arrays and what the loads learn about the speaker.
     std::unique_ptr<State> mState;

@@ -135,6 +135,11 @@ const std::vector<Command>& commands() {
           kSample,
           kHelp},
          runReport},
+        {"lsp",
+         "",
+         "serve editors over the Language Server Protocol on standard input and output",
+         {kHelp},
+         runLsp},
     };
     return kCommands;
 }

@@ -65,6 +65,7 @@ int runCheck(const CommandLine& line, std::ostream& out, std::ostream& err);
 int runDiff(const CommandLine& line, std::ostream& out, std::ostream& err);
 int runSchema(const CommandLine& line, std::ostream& out, std::ostream& err);
 int runReport(const CommandLine& line, std::ostream& out, std::ostream& err);
+int runLsp(const CommandLine& line, std::ostream& out, std::ostream& err);
 
 }  // namespace ovela::tune
 

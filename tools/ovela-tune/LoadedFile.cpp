@@ -15,6 +15,14 @@ std::unique_ptr<LoadedFile> loadFile(const std::string& path) {
     return file;
 }
 
+std::unique_ptr<LoadedFile> loadText(const std::string& name, const std::string& text) {
+    auto file = std::make_unique<LoadedFile>();
+    file->path = name;
+    const ReportedLoads reported(&file->report);
+    file->store = std::make_unique<ProfileParamArray>(text.data(), text.size(), name);
+    return file;
+}
+
 std::vector<LoadFinding> LoadedFile::findings() const {
     std::vector<LoadFinding> findings = report.findings();
     std::stable_sort(findings.begin(), findings.end(),

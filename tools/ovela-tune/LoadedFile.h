@@ -32,6 +32,9 @@ struct LoadedFile {
 };
 
 std::unique_ptr<LoadedFile> loadFile(const std::string& path);
+// The text of a tuning file that no file holds (an editor's unsaved buffer),
+// loaded as loadFile() loads a file's; `name` stands for its path.
+std::unique_ptr<LoadedFile> loadText(const std::string& name, const std::string& text);
 
 // Prints why the file does not load, as "check" would, behind "ovela-tune
 // COMMAND: ", and returns the exit code for it.
