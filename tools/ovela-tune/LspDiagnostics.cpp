@@ -21,11 +21,6 @@ int lspSeverity(Severity severity) {
     return 3;
 }
 
-// Severity in order of weight: an error passes every threshold.
-int weight(Severity severity) {
-    return severity == Severity::ERROR ? 2 : severity == Severity::WARNING ? 1 : 0;
-}
-
 // The rules' templates give the lines of other places as "at line N".
 std::vector<long> namedLines(const std::string& message) {
     constexpr std::string_view kAtLine = "at line ";
@@ -57,32 +52,22 @@ Json lineRange(long line, const TextPositions& positions) {
 
 void readSettings(const Json& options, ServerSettings* settings) {
     if (const auto severity = stringAt(options, "severity")) {
-        for (Severity level : {Severity::ERROR, Severity::WARNING, Severity::NOTE}) {
-            if (*severity == severityName(level)) {
-                settings->threshold = level;
-            }
-        }
+        parseSeverity(*severity, &settings->filter.threshold);
     }
     if (const Json* disable = member(options, "disable");
         disable != nullptr && disable->is_array()) {
-        settings->disabledRules.clear();
+        settings->filter.disabled.clear();
         for (const Json& rule : *disable) {
+            std::string ignored;
             if (rule.is_string()) {
-                settings->disabledRules.insert(rule.get<std::string>());
+                parseDisabledRules(rule.get<std::string>(), &settings->filter.disabled, &ignored);
             }
         }
     }
 }
 
 std::vector<LoadFinding> shownFindings(const LoadedFile& file, const ServerSettings& settings) {
-    std::vector<LoadFinding> shown;
-    for (LoadFinding& finding : file.findings()) {
-        if (weight(finding.severity) >= weight(settings.threshold) &&
-            settings.disabledRules.count(finding.rule) == 0) {
-            shown.push_back(std::move(finding));
-        }
-    }
-    return shown;
+    return showFindings(file, settings.filter).shown;
 }
 
 std::vector<long> linesNamedBy(const LoadFinding& finding) {

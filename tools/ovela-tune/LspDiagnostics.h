@@ -1,10 +1,10 @@
 #ifndef OVELA_TUNE_LSP_DIAGNOSTICS_H
 #define OVELA_TUNE_LSP_DIAGNOSTICS_H
 
-#include <set>
 #include <string>
 #include <vector>
 
+#include "FindingFilter.h"
 #include "LoadReport.h"
 #include "LoadedFile.h"
 #include "LspJson.h"
@@ -13,20 +13,20 @@
 // The findings of a load as an editor shows them.
 namespace ovela::tune::lsp {
 
-// What the editor's user chose to see.
+// What the editor's user chose to see, as check's --severity and --disable
+// choose; the file's suppression comments apply as for check.
 struct ServerSettings {
-    // The least severe finding shown: an editor shows everything by default,
-    // notes as information.
-    Severity threshold = Severity::NOTE;
-    std::set<std::string> disabledRules;
+    // An editor shows everything by default, notes as information.
+    FindingFilter filter{Severity::NOTE, {}};
 };
 
 // Reads {"severity": "error"|"warning"|"note", "disable": [rule, ...]} over
-// `settings`; what it does not give, or gives wrong, stays as it was.
+// `settings`; what it does not give stays as it was, and what it gives wrong
+// (a level or a rule that does not exist) is left out.
 void readSettings(const Json& options, ServerSettings* settings);
 
-// The findings of `file` that the settings let through, as check orders
-// them: the one place where findings are filtered.
+// The findings of `file` that the settings and the file's comments let
+// through, as check shows them.
 std::vector<LoadFinding> shownFindings(const LoadedFile& file, const ServerSettings& settings);
 
 // The lines of earlier places that a finding's message names: "(first at
