@@ -98,7 +98,8 @@ TEST(LspFeaturesTest, DiagnosticsPointAtTheEarlierPlacesTheyName) {
                   "start": {"line": 10, "character": 12}, "end": {"line": 10, "character": 60}}})"));
     EXPECT_EQ((*duplicate)["range"]["start"], Json::parse(R"({"line": 10, "character": 36})"));
     // The replaced element's hover names the finding that replaced it.
-    const std::string replacedHover = hoverAt(*load, {10, 16})["contents"]["value"];
+    const std::string replacedHover =
+        hoverAt(*load, {10, 16}, ServerSettings())["contents"]["value"];
     EXPECT_THAT(replacedHover, ::testing::HasSubstr("replaced by a later one"));
     EXPECT_THAT(replacedHover, ::testing::HasSubstr("[duplicate-element]"));
 }
@@ -130,16 +131,21 @@ TEST(LspFeaturesTest, DefinitionsGoWhereTheLoadReads) {
 
 TEST(LspFeaturesTest, HoverSaysWhatTheEffectReceivesOrWhyNot) {
     auto load = loaded(kText);
-    const std::string sent = hoverAt(*load, {19, 16})["contents"]["value"];
+    const std::string sent = hoverAt(*load, {19, 16}, ServerSettings())["contents"]["value"];
     EXPECT_EQ(sent,
               "**bass-enhancer-width** of tuning default: `bass_enhancer_width`, `bew`, sent "
               "(carried by a tuning)\n\n"
               "- general, device headphone, `bew`: 4\n\n");
-    const std::string wrong = hoverAt(*load, {12, 42})["contents"]["value"];
+    const std::string wrong = hoverAt(*load, {12, 42}, ServerSettings())["contents"]["value"];
     EXPECT_THAT(wrong, ::testing::HasSubstr("`virtualizer_enable`"));
     EXPECT_THAT(wrong, ::testing::HasSubstr("[truth-word]"));
     EXPECT_THAT(wrong, ::testing::HasSubstr(": 0"));  // TRUE is not true
-    EXPECT_EQ(hoverAt(*load, {0, 0}), nullptr);
+    EXPECT_EQ(hoverAt(*load, {0, 0}, ServerSettings()), nullptr);
+    // A rule that the user switched off stays out of the hover too.
+    ServerSettings quiet;
+    quiet.disabledRules.insert("truth-word");
+    EXPECT_THAT(hoverAt(*load, {12, 42}, quiet)["contents"]["value"].get<std::string>(),
+                ::testing::Not(::testing::HasSubstr("[truth-word]")));
 }
 
 TEST(LspFeaturesTest, CompletionOffersWhatFitsThePlace) {

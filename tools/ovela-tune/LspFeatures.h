@@ -10,8 +10,9 @@
 namespace ovela::tune::lsp {
 
 // textDocument/hover: what the effect receives from the element or
-// attribute at `position`, or why nothing.
-Json hoverAt(DocumentLoad& load, EditorPosition position);
+// attribute at `position`, or why nothing, with the findings there that the
+// settings show.
+Json hoverAt(DocumentLoad& load, EditorPosition position, const ServerSettings& settings);
 // textDocument/completion: element names, attribute names and closed sets of
 // values that fit the place.
 Json completionAt(DocumentLoad& load, EditorPosition position);

@@ -144,7 +144,7 @@ std::optional<Parameter> shapeParameter(const CursorContext& context, const Targ
 
 }  // namespace
 
-Json hoverAt(DocumentLoad& load, EditorPosition position) {
+Json hoverAt(DocumentLoad& load, EditorPosition position, const ServerSettings& settings) {
     const auto offset = load.offsetOf(position);
     if (!offset) {
         return nullptr;
@@ -182,7 +182,7 @@ Json hoverAt(DocumentLoad& load, EditorPosition position) {
     // The findings of the tag say why a value is not what the text says; a
     // later place may say what replaced it ("first at line 12").
     const Place tagPlace = placeOf(load, *target.tag);
-    for (const LoadFinding& finding : load.file().findings()) {
+    for (const LoadFinding& finding : shownFindings(load.file(), settings)) {
         const std::vector<long> named = linesNamedBy(finding);
         if (holds(load, tagPlace, load.positions().offsetOfPlace(finding.line, finding.column)) ||
             std::find(named.begin(), named.end(), tagPlace.line) != named.end()) {

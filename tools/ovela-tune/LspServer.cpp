@@ -321,7 +321,7 @@ void LspServer::publish(DocumentLoad& load) {
 }
 
 Json LspServer::hover(DocumentLoad& load, const Json& params) {
-    return hoverAt(load, *positionOf(objectAt(params, "position")));
+    return hoverAt(load, *positionOf(objectAt(params, "position")), settings());
 }
 
 Json LspServer::completion(DocumentLoad& load, const Json& params) {
