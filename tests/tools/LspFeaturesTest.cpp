@@ -143,7 +143,7 @@ TEST(LspFeaturesTest, HoverSaysWhatTheEffectReceivesOrWhyNot) {
     EXPECT_EQ(hoverAt(*load, {0, 0}, ServerSettings()), nullptr);
     // A rule that the user switched off stays out of the hover too.
     ServerSettings quiet;
-    quiet.disabledRules.insert("truth-word");
+    quiet.filter.disabled.push_back("truth-word");
     EXPECT_THAT(hoverAt(*load, {12, 42}, quiet)["contents"]["value"].get<std::string>(),
                 ::testing::Not(::testing::HasSubstr("[truth-word]")));
 }
