@@ -327,6 +327,15 @@ const Case kCases[] = {
     Case{"ValueAfterAnotherAttribute",
          {{"<ieq-amount value=", "<ieq-amount unit=\"dB\" value="}},
          "attribute-order@21:13 warning"},
+    Case{"ElementsThatAnEntityStandsFor",
+         {{"<tuning_file>",
+           "<!DOCTYPE t [<!ENTITY vl \"<volume-leveler-amount value='7'/><ieq-amount "
+           "value='1'/>\">]>\n<tuning_file>"},
+          {"<volume-leveler-amount value=\"7\"/>", "&vl;"}},
+         "entity-content@25:17 warning",
+         "&vl; in <endpoint_type> stands for <volume-leveler-amount> and more elements: the "
+         "reader reads no element that an entity reference brings in, so these 2 elements are "
+         "not read"},
     Case{"ElementThatAnEntityStandsFor",
          {{"<tuning_file>",
            "<!DOCTYPE t [<!ENTITY vl \"<volume-leveler-amount value='7'/>\">]>\n<tuning_file>"},
@@ -528,6 +537,26 @@ TEST(LoadReportTest, EveryArrayEntryAndEveryValueIsTraced) {
         if (!report.hasErrors()) {
             expectEverythingTraced(report, snapshotOf(store));
         }
+    }
+}
+
+// A cause met in many places lists at most eight of their lines.
+TEST(LoadReportTest, AFoldedFindingListsEightLinesAtMost) {
+    for (const size_t presets : {8u, 9u}) {
+        std::string text = "<tuning_file>\n";
+        for (size_t id = 0; id < presets; ++id) {
+            text += "    <preset type=\"geq\" id=\"" + std::to_string(id) +
+                    "\">\n        <geq>\n            <bands>\n"
+                    "                <band_geq frequency=\"32\" gain=\"0\"/>\n"
+                    "            </bands>\n        </geq>\n    </preset>\n";
+        }
+        TempFile file(text + "</tuning_file>\n");
+        const std::vector<LoadFinding> findings = findingsOf(file.path());
+        ASSERT_EQ(findings.size(), 1u);
+        const std::string lines =
+            presets == 8 ? "2, 9, 16, 23, 30, 37, 44, 51)" : "2, 9, 16, 23, 30, 37, 44, 51, ...)";
+        EXPECT_EQ(findings[0].message, "read but never sent: no array carries GEQ presets (" +
+                                           std::to_string(presets) + " times: lines " + lines);
     }
 }
 

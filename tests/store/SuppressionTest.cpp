@@ -266,6 +266,20 @@ INSTANTIATE_TEST_SUITE_P(
 )",
              {"unused-suppression@3"},
              "the suppression of unknown-element silences nothing: no element follows the comment"},
+        Case{"NestedOnesInTheOrderOfTheFile",
+             R"(<tuning_file>
+    <!-- ovela-tune disable never-sent -->
+    <general>
+        <settings>
+            <!-- ovela-tune disable unknown-element -->
+            <auxiliary-system-gain-enable value="true"/>
+        </settings>
+    </general>
+</tuning_file>
+)",
+             {"unused-suppression@2", "unused-suppression@5"},
+             "the suppression of never-sent silences nothing: the element that follows draws no "
+             "such finding"},
         Case{"OnlyItsOwnWords",
              R"(<tuning_file>
     <!-- ovela-tune: disable unknown-element -->
