@@ -127,6 +127,13 @@ TEST(OvelaTuneCheckTest, JsonCarriesTheFilesAndTheFindings) {
     expected["files"][0]["file"] = warning.path();
     expected["findings"][0]["file"] = warning.path();
     EXPECT_EQ(nlohmann::json::parse(run.out), expected);
+
+    // A finding that --disable accepts is counted once, as suppressed.
+    const nlohmann::json disabled = nlohmann::json::parse(
+        runOvelaTune({"check", "--format=json", "--disable=missing-value", warning.path()}).out);
+    EXPECT_EQ(disabled["files"][0]["warnings"], 0);
+    EXPECT_EQ(disabled["files"][0]["suppressed"], 1);
+    EXPECT_EQ(disabled["findings"].size(), 0u);
 }
 
 // The README's table of rules is the one that "check --rules" prints.

@@ -175,12 +175,15 @@ void printCheckJson(const std::vector<CheckedFile>& files, std::ostream& out) {
         {"version", 1}, {"files", nlohmann::json::array()}, {"findings", nlohmann::json::array()}};
     for (const CheckedFile& checked : files) {
         const LoadedFile& file = *checked.file;
+        // Counted from the findings already filtered: each once, either
+        // kept or suppressed.
+        const ShownFindings& findings = checked.findings;
         document["files"].push_back({{"file", file.path},
                                      {"loads", file.loads()},
-                                     {"errors", file.count(Severity::ERROR)},
-                                     {"warnings", file.count(Severity::WARNING)},
-                                     {"notes", file.count(Severity::NOTE)},
-                                     {"suppressed", checked.findings.suppressed.size()}});
+                                     {"errors", findings.keptCount(Severity::ERROR)},
+                                     {"warnings", findings.keptCount(Severity::WARNING)},
+                                     {"notes", findings.keptCount(Severity::NOTE)},
+                                     {"suppressed", findings.suppressed.size()}});
         for (const LoadFinding& f : checked.findings.shown) {
             document["findings"].push_back({{"file", file.path},
                                             {"line", f.line},

@@ -21,6 +21,10 @@ struct ShownFindings {
     std::vector<LoadFinding> suppressed;  // by a comment of the file or the filter
     size_t hidden[3] = {};                // below the threshold, by Severity
     size_t shownCount(Severity severity) const;
+    // The findings of `severity` that nothing accepted, shown or not.
+    size_t keptCount(Severity severity) const {
+        return shownCount(severity) + hidden[static_cast<size_t>(severity)];
+    }
 };
 
 ShownFindings showFindings(const LoadedFile& file, const FindingFilter& filter);
