@@ -1,9 +1,11 @@
 #include "CheckOutput.h"
 
 #include <fstream>
+#include <optional>
 #include <sstream>
 
 #include "JsonOutput.h"
+#include "TextPositions.h"
 
 namespace ovela::tune {
 
@@ -25,59 +27,35 @@ const char* colourOf(Severity severity) {
     return "";
 }
 
-// The lines of a file, read when a finding first asks for one.
+// The text of a file and its lines, read when a finding first asks for one.
 class SourceLines {
   public:
     explicit SourceLines(const std::string& path) : mPath(path) {}
 
-    // Line `number` (from 1) without its line break; empty past the end.
-    std::string_view line(long number) {
-        if (!mRead) {
+    const TextPositions& positions() {
+        if (!mPositions) {
             std::ifstream file(mPath, std::ios::binary);
             std::ostringstream text;
             text << file.rdbuf();
             mText = text.str();
-            for (size_t at = 0; at <= mText.size();) {
-                const size_t end = std::min(mText.size(), mText.find('\n', at));
-                mLines.emplace_back(mText.data() + at, end - at);
-                at = end + 1;
-            }
-            mRead = true;
+            mPositions.emplace(mText, PositionEncoding::UTF8);
         }
-        if (number < 1 || static_cast<size_t>(number) > mLines.size()) {
-            return {};
-        }
-        std::string_view text = mLines[number - 1];
-        if (!text.empty() && text.back() == '\r') {
-            text.remove_suffix(1);
-        }
-        return text;
+        return *mPositions;
     }
 
   private:
     std::string mPath;
-    bool mRead = false;
     std::string mText;
-    std::vector<std::string_view> mLines;
+    std::optional<TextPositions> mPositions;
 };
-
-// The bytes of `text` before its character `column` (from 1).
-size_t bytesBefore(std::string_view text, long column) {
-    size_t at = 0;
-    for (long character = 1; character < column && at < text.size(); ++character) {
-        ++at;
-        while (at < text.size() && (static_cast<unsigned char>(text[at]) & 0xc0) == 0x80) {
-            ++at;
-        }
-    }
-    return at;
-}
 
 // A caret under the finding's column and tildes under the rest of it on that
 // line; tabs stay tabs, so that the caret stands where the terminal shows
 // the character.
-std::string caretLine(std::string_view text, const LoadFinding& finding) {
-    const size_t start = bytesBefore(text, finding.column);
+std::string caretLine(const TextPositions& positions, const LoadFinding& finding) {
+    const std::string_view text = positions.lineText(finding.line - 1);
+    const size_t start = positions.offsetOfPlace(finding.line, finding.column) -
+                         positions.offsetOfPlace(finding.line, 0);
     std::string marker;
     for (size_t at = 0; at < start; ++at) {
         if ((static_cast<unsigned char>(text[at]) & 0xc0) != 0x80) {
@@ -118,9 +96,9 @@ void printFindingLines(const CheckedFile& checked, const LineStyle& style, std::
         if (!style.source || finding.line <= 0 || finding.column <= 0) {
             continue;
         }
-        const std::string_view text = source.line(finding.line);
-        out << text << "\n";
-        out << (style.colour ? kCaretColour : "") << caretLine(text, finding)
+        const TextPositions& positions = source.positions();
+        out << positions.lineText(finding.line - 1) << "\n";
+        out << (style.colour ? kCaretColour : "") << caretLine(positions, finding)
             << (style.colour ? kReset : "") << "\n";
     }
 }
